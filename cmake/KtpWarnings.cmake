@@ -1,0 +1,9 @@
+# ktp_warnings(target): the strict set that all of our own code compiles under, as errors.
+function(ktp_warnings target)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /WX /permissive- /utf-8)
+  else()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion
+      -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wcast-qual -Wundef -Werror)
+  endif()
+endfunction()

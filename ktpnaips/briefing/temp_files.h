@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ktpnaips {
+
+/// Temporary files, deleted when their manager is released, and unique names in the data folder.
+class TempFileManager {
+ public:
+  TempFileManager() = default;
+  TempFileManager(const TempFileManager&) = delete;
+  TempFileManager& operator=(const TempFileManager&) = delete;
+  ~TempFileManager();
+
+  /// Makes a new, empty file in the system's temporary folder and returns its path; an empty text
+  /// on failure.
+  std::wstring CreateTempFile(std::wstring_view prefix);
+
+  /// A path in the data folder that no file occupies yet: the name with a number from 1 before its
+  /// extension. Creates the folder, not the file. Without a data folder, a temporary file of the
+  /// shared manager instead; an empty name gives an empty text.
+  std::wstring GetUniqueFilename(std::wstring_view name);
+
+  /// Writes a product file at `path`, which `GetUniqueFilename` chose for `name`, and returns where
+  /// it was written: under the next free number when the path has been taken meanwhile. Throws
+  /// fault 52 for a name that would lead out of the data folder, 61, 70, 75 or 76 when writing
+  /// fails.
+  std::wstring writeProduct(std::wstring_view name, const std::wstring& path,
+                            std::string_view bytes) const;
+
+ private:
+  [[nodiscard]] bool isTemporary(std::wstring_view path) const;
+
+  std::vector<std::wstring> files_;
+};
+
+/// The calling thread's manager, which lives as long as the thread's library state.
+TempFileManager& sharedTempFiles();
+
+}  // namespace ktpnaips

@@ -1,0 +1,140 @@
+#include <ktpnaips/core/conversions.h>
+#include <ktpnaips/core/deployment.h>
+#include <ktpnaips/core/transport.h>
+#include <ktpnaips/core/trap.h>
+#include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/platform/text.h>
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace ktpnaips::winInet {
+namespace {
+
+constexpr std::string_view agent = "Velmora Flight Planner";
+constexpr std::string_view headers =
+    "Accept: text/*\r\n"
+    "Accept-Language: en\r\n"
+    "Content-Type: text/xml; charset=utf-8\r\n"
+    "Connection: Keep-Alive\r\n";
+constexpr std::size_t longestURL = 32767;
+
+std::string stepFailed(std::string_view step, http::ErrorCode code) {
+  return std::string(step) + " call failed: " + text::toUtf8(apiErrorText(code));
+}
+
+/// The first step that failed, as text; nothing when the request is ready to be sent.
+std::optional<std::string> prepare(http::Exchange& exchange, std::wstring_view url) {
+  std::wstring scheme;
+  std::wstring host;
+  std::wstring path;
+  splitURL(url, scheme, host, path);
+
+  if (const auto code = exchange.openSession(agent)) return stepFailed("InternetOpen", code);
+
+  const Deployment& deployment = Deployment::current();
+  const bool isSecure = scheme == L"https:";
+  const std::uint32_t schemeFlags =
+      isSecure ? http::secure | http::ignoreCertDateInvalid | http::ignoreCertNameInvalid
+               : http::noFlags;
+  const std::uint16_t port = isSecure ? 443 : 80;
+  if (const auto code = exchange.connect(host, port, {deployment.connectTo, deployment.caFile})) {
+    return stepFailed("InternetConnect", code);
+  }
+  if (const auto code =
+          exchange.openRequest("POST", path, schemeFlags | http::reload | http::keepConnection)) {
+    return stepFailed("HttpOpenRequest", code);
+  }
+  exchange.addHeaders(headers);
+  exchange.setTimeout(http::Timeout::connect, 10'000);
+  exchange.setTimeout(http::Timeout::send, 30'000);
+  exchange.setTimeout(http::Timeout::receive, 60'000);
+  return std::nullopt;
+}
+
+/// Sends until a proxy is content. Returns what the answer starts with: the raw headers unless it
+/// is a 200 of an XML content type, or the text of the failure with `hasAnswer` false.
+std::string send(http::Exchange& exchange, std::string_view body, bool& hasAnswer) {
+  for (;;) {
+    if (const auto code = exchange.send(body)) {
+      hasAnswer = false;
+      return stepFailed("HttpSendRequest", code);
+    }
+    hasAnswer = true;
+    std::string status;
+    std::string contentType;
+    std::string rawHeaders;
+    httpQueryInfo(exchange, http::Info::statusCode, status);
+    httpQueryInfo(exchange, http::Info::contentType, contentType);
+    if (status == "407" && exchange.logInToProxy()) continue;
+    if (status != "200" || contentType.find("xml") == std::string::npos) {
+      httpQueryInfo(exchange, http::Info::rawHeaders, rawHeaders);
+    }
+    return rawHeaders;
+  }
+}
+
+void readBody(http::Exchange& exchange, std::string& answer) {
+  std::array<char, 2048> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
+  for (;;) {
+    const auto read = exchange.read(buffer.data(), buffer.size());
+    if (!read || *read == 0) return;
+    answer.append(buffer.data(), *read);
+  }
+}
+
+}  // namespace
+
+void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, std::wstring& path) {
+  scheme.clear();
+  host.clear();
+  path.clear();
+  trapped(inModule(L"splitURL", L"winInet"), [&] {
+    if (url.size() > longestURL) throw RuntimeFault(fault::overflow);
+    const auto slashes = url.find(L"//");
+    if (slashes == std::wstring_view::npos) throw RuntimeFault(fault::invalidCall);
+    const std::wstring_view rest = url.substr(slashes + 2);
+    const auto pathStart = rest.find(L'/');
+    std::wstring lowerScheme(url.substr(0, slashes));
+    for (wchar_t& c : lowerScheme) {
+      if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
+    }
+    scheme = std::move(lowerScheme);
+    host = rest.substr(0, pathStart);
+    path = pathStart == std::wstring_view::npos ? L"/" : rest.substr(pathStart);
+  });
+}
+
+std::string winInetSend(std::wstring_view url, std::wstring_view, std::string_view body) {
+  return trapped<std::string>(inModule(L"winInetSend", L"winInet"), [&](std::string& answer) {
+    http::Exchange exchange;
+    if (auto failure = prepare(exchange, url)) {
+      answer = *std::move(failure);
+      return;
+    }
+    bool hasAnswer = false;
+    answer = send(exchange, body, hasAnswer);
+    if (hasAnswer) readBody(exchange, answer);
+  });
+}
+
+bool httpQueryInfo(const http::Exchange& request, http::Info what, std::string& value) {
+  auto found = request.query(what);
+  if (!found) return false;
+  value = *std::move(found);
+  return true;
+}
+
+std::wstring apiErrorText(std::uint32_t code) {
+  constexpr std::wstring_view digits = L"0123456789ABCDEF";
+  std::wstring message = http::errorMessage(code);
+  if (message.empty()) message = L"(No such error)";
+  std::wstring hexadecimal;
+  for (auto rest = code; rest != 0 || hexadecimal.empty(); rest /= 16) {
+    hexadecimal.insert(hexadecimal.begin(), digits[rest % 16]);
+  }
+  return message + L"  Dec: " + std::to_wstring(code) + L"\tHex: " + hexadecimal;
+}
+
+}  // namespace ktpnaips::winInet

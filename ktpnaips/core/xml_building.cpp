@@ -1,0 +1,24 @@
+#include <ktpnaips/core/trap.h>
+#include <ktpnaips/core/xml_building.h>
+
+#include <string>
+
+namespace ktpnaips::modBrevank {
+
+xml::Node addElement(const xml::Node& parent, std::wstring_view name,
+                     std::wstring_view namespaceUri, std::wstring_view text) {
+  return trapped<xml::Node>(inModule(L"addElement", L"modBrevank"), [&](xml::Node& element) {
+    std::wstring qualifiedName = L"ndd:";
+    qualifiedName += name;
+    element = parent.appendElement(qualifiedName, namespaceUri, text);
+  });
+}
+
+xml::Node addAttribute(const xml::Node& element, std::wstring_view name,
+                       std::wstring_view namespaceUri, std::wstring_view value) {
+  return trapped<xml::Node>(inModule(L"addAttribute", L"modBrevank"), [&](xml::Node& attribute) {
+    attribute = element.setAttribute(name, namespaceUri, value);
+  });
+}
+
+}  // namespace ktpnaips::modBrevank

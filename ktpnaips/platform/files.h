@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Temporary files, the data folder and the files written into it.
+namespace ktpnaips::files {
+
+/// Separates folder names in a path: a backslash on Windows, a slash elsewhere.
+extern const wchar_t separator;
+
+/// Makes a new, empty file in the system's temporary folder, readable by its owner only, named by
+/// the prefix, a unique number and ".tmp". Returns its full path, or an empty text on failure.
+std::wstring createTemporary(std::wstring_view prefix);
+
+/// The folder for application data of the default user profile, without a separator at its end, or
+/// an empty text when there is none.
+std::wstring applicationDataFolder();
+
+/// Creates the folder and its missing parents, quietly: a failure shows when a file is created.
+void createFolders(std::wstring_view folder);
+
+/// True when something stands at the path and is not a folder.
+bool exists(std::wstring_view path);
+
+/// True when a search with ordinary attributes finds the path: folders, and on Windows hidden and
+/// system files, are not seen.
+bool isVisible(std::wstring_view path);
+
+/// True when `name` can be a file directly inside a folder: not empty, no separator, drive letter
+/// or control character, no reserved device name.
+bool isPlainName(std::wstring_view name);
+
+/// Removes the file if it can.
+void remove(std::wstring_view path) noexcept;
+
+enum class Create {
+  exclusively,  ///< the file must not exist
+  orTruncate    ///< an existing file is emptied
+};
+
+/// Creates a file and writes it whole. Returns false, having written nothing, when
+/// `Create::exclusively` finds a file (of any kind but a folder, links included) there. Throws
+/// fault 61, 70, 75 or 76; a file that could not be written whole is removed.
+bool write(std::wstring_view path, Create how, std::string_view bytes);
+
+}  // namespace ktpnaips::files

@@ -1,0 +1,159 @@
+#include <ktpnaips/platform/files.h>
+#include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/platform/text.h>
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace ktpnaips::files {
+
+const wchar_t separator = L'/';
+
+namespace {
+
+std::string environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+std::string homeFolder() {
+  if (auto home = environment("HOME"); !home.empty()) return home;
+  std::array<char, 16384> buffer{};
+  passwd entry{};
+  passwd* found = nullptr;
+  getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found);
+  return found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
+}
+
+std::string withoutTrailingSlashes(std::string path) {
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+bool attributes(std::wstring_view path, struct stat& result) {
+  return ::stat(text::toUtf8(path).c_str(), &result) == 0;
+}
+
+[[noreturn]] void throwWriteFault(int error) {
+  switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      throw RuntimeFault(fault::diskFull);
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      throw RuntimeFault(fault::permissionDenied);
+    case ENOENT:
+    case ENOTDIR:
+      throw RuntimeFault(fault::pathNotFound);
+    default:
+      throw RuntimeFault(fault::pathFileAccess);
+  }
+}
+
+class Descriptor {
+ public:
+  explicit Descriptor(int descriptor) noexcept : descriptor_(descriptor) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+  [[nodiscard]] int get() const noexcept { return descriptor_; }
+  [[nodiscard]] int close() noexcept { return ::close(std::exchange(descriptor_, -1)); }
+
+ private:
+  int descriptor_;
+};
+
+/// 0, or the error that stopped the writing.
+int writeAll(Descriptor& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file.get(), bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return errno;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return file.close() == 0 ? 0 : errno;
+}
+
+bool isFolder(const std::string& path) {
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+std::wstring createTemporary(std::wstring_view prefix) {
+  std::string folder = environment("TMPDIR");
+  if (folder.empty()) folder = "/tmp";
+  std::string path = withoutTrailingSlashes(folder) + '/' + text::toUtf8(prefix) + "XXXXXX.tmp";
+  const Descriptor file(::mkostemps(path.data(), 4, O_CLOEXEC));
+  return file.get() >= 0 ? text::fromUtf8(path) : std::wstring();
+}
+
+std::wstring applicationDataFolder() {
+  // As the XDG base directory rules have it: a relative path is as good as none.
+  std::string folder = environment("XDG_DATA_HOME");
+  if (folder.empty() || folder.front() != '/') {
+    const std::string home = homeFolder();
+    if (home.empty()) return {};
+    folder = withoutTrailingSlashes(home) + "/.local/share";
+  }
+  return text::fromUtf8(withoutTrailingSlashes(folder));
+}
+
+void createFolders(std::wstring_view folder) {
+  std::error_code ignored;
+  std::filesystem::create_directories(text::toUtf8(folder), ignored);
+}
+
+bool exists(std::wstring_view path) {
+  struct stat status {};
+  return attributes(path, status) && !S_ISDIR(status.st_mode);
+}
+
+bool isVisible(std::wstring_view path) {
+  struct stat status {};
+  return ::lstat(text::toUtf8(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+bool isPlainName(std::wstring_view name) {
+  return !name.empty() && name != L"." && name != L".." &&
+         name.find_first_of(std::wstring_view(L"/\\:\0", 4)) == std::wstring_view::npos;
+}
+
+void remove(std::wstring_view path) noexcept {
+  try {
+    ::unlink(text::toUtf8(path).c_str());
+  } catch (const std::exception&) {  // nothing more can be done about a leftover file
+  }
+}
+
+bool write(std::wstring_view path, Create how, std::string_view bytes) {
+  const std::string name = text::toUtf8(path);
+  const int flags = how == Create::exclusively ? O_EXCL : O_TRUNC | O_NOFOLLOW;
+  Descriptor file(::open(name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
+  if (file.get() < 0) {
+    const int error = errno;
+    if (error == EEXIST && !isFolder(name)) return false;
+    throwWriteFault(error);
+  }
+  if (const int error = writeAll(file, bytes); error != 0) {
+    ::unlink(name.c_str());
+    throwWriteFault(error);
+  }
+  return true;
+}
+
+}  // namespace ktpnaips::files

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <ktpnaips/platform/xml.h>
+
+#include <libxml/tree.h>
+#include <libxml/xpath.h>
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// libxml2 behind the handles of `platform/xml.h`.
+namespace ktpnaips::xml {
+
+template <auto Free>
+struct FreeWith {
+  template <class T>
+  void operator()(T* object) const noexcept {
+    Free(object);
+  }
+};
+
+struct FreeXml {
+  void operator()(void* memory) const noexcept { xmlFree(memory); }
+};
+
+using XmlText = std::unique_ptr<xmlChar, FreeXml>;
+using Context = std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>>;
+
+/// A prefix of expressions and the namespace that it stands for.
+using Binding = std::pair<std::string, std::string>;
+
+/// A document with what belongs to it, counted by the handles on its nodes.
+struct SharedDocument {
+  explicit SharedDocument(xmlDocPtr tree) noexcept : document(tree) {}
+
+  std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>> document;
+  std::vector<Binding> bindings;
+  Context xpath;  // made when an expression first needs it; freed before the tree
+  bool hasForbiddenCharacters = false;
+  std::atomic<long> references{0};
+};
+
+/// Between handles and libxml2's pointers.
+struct NodeAccess {
+  static Node make(SharedDocument* owner, xmlNodePtr node);
+  static Document makeDocument(SharedDocument* owner);
+  static SharedDocument& owner(const Node& node);
+  /// The node; throws fault 91 for an empty handle.
+  static xmlNodePtr raw(const Node& node);
+};
+
+inline const xmlChar* asXml(const char* text) {
+  return reinterpret_cast<const xmlChar*>(text);  // NOLINT: libxml2's UTF-8 is unsigned
+}
+
+inline const char* asChars(const xmlChar* text) {
+  return reinterpret_cast<const char*>(text);  // NOLINT: as above
+}
+
+/// What libxml2 returns when it fails is null: throws "Out of memory" then, the pointer otherwise.
+template <class T>
+T* made(T* pointer) {
+  if (pointer == nullptr) throw std::bad_alloc();
+  return pointer;
+}
+
+}  // namespace ktpnaips::xml

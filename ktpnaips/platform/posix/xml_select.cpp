@@ -1,0 +1,159 @@
+#include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/platform/text.h>
+#include <ktpnaips/platform/xml.h>
+
+#include <libxml/xpathInternals.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdint>
+#include <string>
+
+namespace ktpnaips::xml {
+namespace {
+
+using Result = std::unique_ptr<xmlXPathObject, FreeWith<xmlXPathFreeObject>>;
+
+constexpr auto invalidExpression = static_cast<std::int32_t>(0x80004005U);
+
+/// One step of a plain child path: "prefix:name".
+struct Step {
+  std::string_view uri;
+  std::string_view name;
+};
+
+/// A path of child steps only, which needs no XPath evaluation.
+class ChildPath {
+ public:
+  /// False when the expression is more than child steps with bound prefixes.
+  bool read(std::string_view expression, const std::vector<Binding>& bindings) {
+    while (count_ < steps_.size()) {
+      const auto slash = expression.find('/');
+      if (!readStep(expression.substr(0, slash), bindings)) return false;
+      if (slash == std::string_view::npos) return true;
+      expression.remove_prefix(slash + 1);
+    }
+    return false;
+  }
+
+  [[nodiscard]] bool isLast(std::size_t step) const { return step + 1 == count_; }
+
+  [[nodiscard]] bool matches(std::size_t step, const xmlNode* node) const {
+    return node->type == XML_ELEMENT_NODE && steps_[step].name == asChars(node->name) &&
+           node->ns != nullptr && steps_[step].uri == asChars(node->ns->href);
+  }
+
+ private:
+  bool readStep(std::string_view step, const std::vector<Binding>& bindings) {
+    const auto colon = step.find(':');
+    if (colon == std::string_view::npos) return false;
+    const std::string_view name = step.substr(colon + 1);
+    const auto isNameCharacter = [](unsigned char c) { return std::isalnum(c) != 0 || c == '-'; };
+    if (name.empty() || !std::ranges::all_of(name, isNameCharacter)) return false;
+    const auto binding = std::ranges::find(bindings, step.substr(0, colon), &Binding::first);
+    if (binding == bindings.end()) return false;
+    steps_[count_++] = {binding->second, name};
+    return true;
+  }
+
+  std::array<Step, 4> steps_;
+  std::size_t count_ = 0;
+};
+
+/// Calls `found` for each node at the end of the path below `parent`, in document order, until it
+/// returns false.
+template <class Found>
+bool walk(xmlNodePtr parent, const ChildPath& path, std::size_t step, Found& found) {
+  for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
+    if (!path.matches(step, child)) continue;
+    if (!(path.isLast(step) ? found(child) : walk(child, path, step + 1, found))) return false;
+  }
+  return true;
+}
+
+void keepSilent(void*, xmlErrorPtr) {}
+
+xmlXPathContextPtr evaluationContext(SharedDocument& owner) {
+  if (owner.xpath == nullptr) {
+    owner.xpath.reset(made(xmlXPathNewContext(owner.document.get())));
+    owner.xpath->error = keepSilent;
+    for (const auto& [prefix, uri] : owner.bindings) {
+      xmlXPathRegisterNs(owner.xpath.get(), asXml(prefix.c_str()), asXml(uri.c_str()));
+    }
+  }
+  return owner.xpath.get();
+}
+
+Result evaluate(SharedDocument& owner, xmlNodePtr node, std::string_view expression) {
+  const xmlXPathContextPtr context = evaluationContext(owner);
+  context->node = node;
+  const std::string text(expression);
+  Result result(xmlXPathEvalExpression(asXml(text.c_str()), context));
+  if (result == nullptr && context->lastError.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+  if (result == nullptr || result->type != XPATH_NODESET) {
+    throw RuntimeFault(invalidExpression, L"The expression \"" + text::fromUtf8(expression) +
+                                              L"\" does not select nodes.");
+  }
+  if (result->nodesetval != nullptr) xmlXPathNodeSetSort(result->nodesetval);
+  return result;
+}
+
+/// Calls `found` for each node that the expression selects, until it returns false.
+template <class Found>
+void visit(const Node& from, std::string_view expression, Found found) {
+  SharedDocument& owner = NodeAccess::owner(from);
+  const xmlNodePtr node = NodeAccess::raw(from);
+  if (ChildPath path; path.read(expression, owner.bindings)) {
+    walk(node, path, 0, found);
+    return;
+  }
+  const Result result = evaluate(owner, node, expression);
+  if (result->nodesetval == nullptr) return;
+  for (int i = 0; i < result->nodesetval->nodeNr; ++i) {
+    if (!found(result->nodesetval->nodeTab[i])) return;
+  }
+}
+
+}  // namespace
+
+Node Node::select(std::string_view expression) const {
+  Node first;
+  visit(*this, expression, [&](xmlNodePtr node) {
+    first = NodeAccess::make(static_cast<SharedDocument*>(owner_), node);
+    return false;
+  });
+  return first;
+}
+
+std::vector<Node> Node::selectAll(std::string_view expression) const {
+  std::vector<Node> all;
+  visit(*this, expression, [&](xmlNodePtr node) {
+    all.push_back(NodeAccess::make(static_cast<SharedDocument*>(owner_), node));
+    return true;
+  });
+  return all;
+}
+
+void Document::bindPrefixes(std::wstring_view declarations) const {
+  SharedDocument& owner = NodeAccess::owner(*this);
+  std::vector<Binding> bindings;
+  std::string rest = text::toUtf8(declarations);
+  constexpr std::string_view start = "xmlns:";
+  for (auto at = rest.find(start); at != std::string::npos; at = rest.find(start)) {
+    rest.erase(0, at + start.size());
+    const auto equals = rest.find('=');
+    const auto end =
+        equals + 1 < rest.size() ? rest.find(rest[equals + 1], equals + 2) : std::string::npos;
+    if (equals == std::string::npos || end == std::string::npos) {
+      throw RuntimeFault(fault::invalidCall, L"The namespace declarations cannot be read.");
+    }
+    bindings.emplace_back(rest.substr(0, equals), rest.substr(equals + 2, end - equals - 2));
+    rest.erase(0, end + 1);
+  }
+  owner.bindings = std::move(bindings);
+  owner.xpath.reset();
+}
+
+}  // namespace ktpnaips::xml
