@@ -2,6 +2,7 @@
 #include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/loading.h>
 #include <ktpnaips/core/posting.h>
+#include <ktpnaips/core/request_document.h>
 #include <ktpnaips/core/service.h>
 #include <ktpnaips/core/transport.h>
 #include <ktpnaips/core/trap.h>

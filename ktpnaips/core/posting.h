@@ -20,7 +20,4 @@ void aaapost(std::int32_t service, std::wstring_view requestName, const IAppenda
 
 }  // namespace Utils
 
-/// The SOAP document of a request, as it would be posted.
-std::string requestDocument(const IAppendable& request);
-
 }  // namespace ktpnaips

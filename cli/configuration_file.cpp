@@ -1,0 +1,91 @@
+#include "cli/configuration_file.h"
+
+#include "cli/usage_error.h"
+
+#include <ktpnaips/platform/terminal.h>
+
+#include <fmt/format.h>
+#include <CLI/Config.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+namespace cli {
+namespace {
+
+using ktpnaips::terminal::environment;
+
+std::filesystem::path pathOf(const std::string& utf8) {
+  return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+/// The file that `--config` names, or nothing.
+std::optional<std::string> namedFile(const std::vector<std::string>& arguments) {
+  constexpr std::string_view option = "--config";
+  std::optional<std::string> file;
+  for (auto each = arguments.begin(); each != arguments.end(); ++each) {
+    if (*each == option && std::next(each) != arguments.end()) file = *std::next(each);
+    if (each->starts_with("--config=")) file = each->substr(option.size() + 1);
+  }
+  return file;
+}
+
+std::optional<std::string> defaultFile() {
+  std::filesystem::path folder;
+  if (const auto config = environment("XDG_CONFIG_HOME")) {
+    folder = pathOf(*config);
+  } else if (const auto home = environment("HOME")) {
+    folder = pathOf(*home) / ".config";
+  } else {
+    return std::nullopt;
+  }
+  const auto file = folder / "naips" / "config.toml";
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored)) return std::nullopt;
+  const auto utf8 = file.u8string();
+  return std::string(utf8.begin(), utf8.end());
+}
+
+std::vector<CLI::ConfigItem> read(const std::string& file) {
+  std::ifstream stream(pathOf(file));
+  if (!stream) throw UsageError(fmt::format("cannot read the configuration file \"{}\"", file));
+  return CLI::ConfigTOML().from_config(stream);
+}
+
+std::string unknownKey(const std::string& file, const std::string& key) {
+  if (key.find("password") != std::string::npos) {
+    return fmt::format("\"{}\" in {}: a password does not belong there; give \"password-file\"",
+                       key, file);
+  }
+  return fmt::format("\"{}\" in {} is not a setting; the keys are the long options of naips", key,
+                     file);
+}
+
+}  // namespace
+
+std::vector<std::string> withConfigurationFile(const CLI::App& app,
+                                               std::vector<std::string> arguments) {
+  auto file = namedFile(arguments);
+  if (!file) file = defaultFile();
+  if (!file) return arguments;
+
+  std::vector<std::string> all;
+  for (const auto& item : read(*file)) {
+    if (item.name == "++" || item.name == "--") continue;  // the parser's section marks
+    const auto* option = app.get_option_no_throw("--" + item.name);
+    const bool isSetting = option != nullptr && item.parents.empty() && item.name != "config" &&
+                           item.name != "help" && item.name != "version";
+    if (!isSetting || item.inputs.size() != 1) throw UsageError(unknownKey(*file, item.fullname()));
+    if (item.name == "user" && environment("NAIPS_USER")) continue;
+    all.push_back(fmt::format("--{}={}", item.name, item.inputs.front()));
+  }
+  all.insert(all.end(), std::make_move_iterator(arguments.begin()),
+             std::make_move_iterator(arguments.end()));
+  return all;
+}
+
+}  // namespace cli

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <CLI/App.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace cli {
+
+/// What can be set before or after any command.
+struct GlobalOptions {
+  std::int32_t mode = 1;
+  bool useProxy = false;
+  bool newFplFormat = false;
+  bool disableIcao = false;
+  std::optional<std::string> user;
+  std::optional<std::string> passwordFile;
+  std::optional<std::string> requestUser;
+  std::optional<std::string> requestPasswordFile;
+  std::optional<std::string> scope;
+  std::optional<std::string> source;
+  std::optional<std::string> host;
+  std::optional<std::string> connectTo;
+  std::optional<std::string> caFile;
+  std::optional<std::string> schemaNamespace;
+  bool simulate = false;
+  std::optional<std::string> out;
+  bool json = false;
+  bool trace = false;
+  bool dryRun = false;
+  bool quiet = false;
+  bool verbose = false;
+
+  void addTo(CLI::App& app);
+
+  /// Sets the library's configuration and deployment accordingly.
+  void apply() const;
+};
+
+/// The first line of a file. Throws `UsageError` when it cannot be read.
+std::string firstLine(const std::string& file);
+
+}  // namespace cli

@@ -1,0 +1,25 @@
+#include "cli/json.h"
+
+#include <ktpnaips/platform/text.h>
+
+#include <fmt/format.h>
+
+#include <chrono>
+
+namespace cli {
+
+Json jsonText(std::wstring_view text) {
+  return ktpnaips::text::toUtf8(text);
+}
+
+std::string dateTimeText(ktpnaips::DateTime value) {
+  using namespace std::chrono;
+  const auto day = floor<days>(value);
+  const year_month_day date{day};
+  const hh_mm_ss time{value - day};
+  return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", static_cast<int>(date.year()),
+                     static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                     time.hours().count(), time.minutes().count(), time.seconds().count());
+}
+
+}  // namespace cli

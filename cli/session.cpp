@@ -1,0 +1,142 @@
+#include "cli/session.h"
+
+#include "cli/error_text.h"
+#include "cli/masking.h"
+#include "cli/out_folder.h"
+#include "cli/text_output.h"
+#include "cli/usage_error.h"
+
+#include <ktpnaips/core/deployment.h>
+#include <ktpnaips/core/failure_report.h>
+#include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/platform/terminal.h>
+#include <ktpnaips/platform/text.h>
+
+#include <fmt/format.h>
+
+#include <cstdio>
+
+namespace cli {
+
+using ktpnaips::NAIPSConfig;
+using ktpnaips::terminal::environment;
+using ktpnaips::text::fromUtf8;
+using ktpnaips::text::toUtf8;
+
+namespace {
+
+std::optional<std::string> userOf(const GlobalOptions& options) {
+  return options.user ? options.user : environment("NAIPS_USER");
+}
+
+void complain(std::string_view text) {
+  fmt::print(stderr, "{}\n", text);
+}
+
+}  // namespace
+
+Session::Session(const GlobalOptions& options) : options_(options) {
+  ktpnaips::setFailureReporter(
+      [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
+  options_.apply();
+  if (options_.out && !options_.dryRun) prepareOutFolder(*options_.out);
+  if (options_.simulate && !options_.dryRun) startSimulation();
+  NAIPSConfig config;
+  config.UserName(fromUtf8(userOf(options_).value_or("")));
+  config.Password(fromUtf8(password()));
+}
+
+Session::~Session() {
+  ktpnaips::setFailureReporter({});
+}
+
+void Session::startSimulation() {
+  auto deployment = ktpnaips::Deployment::current();
+  options_.user = userOf(options_).value_or(Simulation::documentedUser());
+  simulation_ =
+      std::make_unique<Simulation>(*options_.user, password(), toUtf8(deployment.schemaNamespace));
+  deployment.connectTo = fromUtf8(simulation_->address());
+  deployment.caFile = fromUtf8(simulation_->caFile());
+  ktpnaips::Deployment::use(std::move(deployment));
+}
+
+std::string Session::password() const {
+  if (options_.passwordFile) return firstLine(*options_.passwordFile);
+  if (auto value = environment("NAIPS_PASSWORD")) return *std::move(value);
+  if (options_.simulate) return Simulation::documentedPassword();
+  const bool isNeeded = !options_.dryRun && !options_.requestUser;
+  if (!isNeeded || !ktpnaips::terminal::canAsk()) return {};
+  return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
+}
+
+void Session::setAccount(ktpnaips::AbstractRequest& request) const {
+  if (options_.requestUser) request.User(fromUtf8(*options_.requestUser));
+  if (options_.requestPasswordFile) {
+    request.Password(fromUtf8(firstLine(*options_.requestPasswordFile)));
+  }
+  if (options_.scope) request.Scope(fromUtf8(*options_.scope));
+  if (options_.source) request.Source(fromUtf8(*options_.source));
+}
+
+void Session::announce() const {
+  if (!options_.verbose || options_.quiet) return;
+  const auto& to = ktpnaips::Deployment::current().connectTo;
+  complain(fmt::format("Asking the service in mode {}{} ...", options_.mode,
+                       to.empty() ? "" : " at " + toUtf8(to)));
+}
+
+void Session::showDocument(const ktpnaips::IAppendable& request) const {
+  printLine(masked(ktpnaips::requestDocument(request)));
+}
+
+std::wstring Session::kept(const std::wstring& file) {
+  if (!options_.out || file.empty()) return file;
+  try {
+    return copyInto(*options_.out, file);
+  } catch (const std::exception& failure) {
+    failures_.push_back(failure.what());
+    return file;
+  }
+}
+
+void Session::show(const ktpnaips::AbstractResponse* response, const Json& properties,
+                   const std::function<void()>& print) {
+  hasError_ = response == nullptr || response->Error();
+  if (options_.json) {
+    showJson(response, properties);
+  } else if (hasError_) {
+    showError(response);
+  } else {
+    print();
+  }
+  if (!options_.json) {
+    for (const auto& failure : failures_) complain(failure);
+  }
+}
+
+void Session::showJson(const ktpnaips::AbstractResponse* response, const Json& properties) const {
+  const ErrorText error = errorText(response);
+  Json json = Json::object();
+  json["Error"] = hasError_;
+  json["ErrorText"] = error.text;
+  if (options_.trace && !error.trace.empty()) json["Trace"] = masked(error.trace);
+  json.update(properties);
+  json["Failures"] = failures_;
+  printLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+void Session::showError(const ktpnaips::AbstractResponse* response) const {
+  const ErrorText error = errorText(response);
+  complain("naips: " + summaryOf(error.text));
+  complain(plain(fromUtf8(error.text)));
+  if (options_.trace && !error.trace.empty()) {
+    complain("In response to request:\n" + masked(error.trace));
+  }
+}
+
+ExitStatus Session::exitStatus() const {
+  if (!failures_.empty()) return internalFailure;
+  return hasError_ ? serviceError : success;
+}
+
+}  // namespace cli
