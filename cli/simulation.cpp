@@ -34,7 +34,7 @@ sim::Options optionsFor(const std::string& user, const std::string& password,
 Simulation::Simulation(const std::string& user, const std::string& password,
                        const std::string& schemaNamespace) {
   try {
-    running_ = std::make_unique<Running>(optionsFor(user, password, schemaNamespace));
+    running_.reset(new Running{sim::Service(optionsFor(user, password, schemaNamespace))});
   } catch (const std::exception& failure) {
     throw UsageError(fmt::format("the simulated service cannot start: {}", failure.what()));
   }

@@ -6,7 +6,7 @@
 namespace ktpnaips {
 namespace {
 
-void readProduct(const xml::Node& product, BriefItem& item) {
+void readProduct(const xml::Node& product, BriefItem& item, FreePaths& paths) {
   if (const auto type = product.attribute(L"type")) {
     item.ProductType(*type == L"GIF" ? std::wstring(L"PNG") : *type);
   }
@@ -16,10 +16,10 @@ void readProduct(const xml::Node& product, BriefItem& item) {
   TempFileManager& tempFiles = sharedTempFiles();
   const std::wstring name = L"NAIPS." + item.ProductType();
   item.File(name);
-  item.File(tempFiles.GetUniqueFilename(name));
+  item.File(tempFiles.GetUniqueFilename(name, paths));
   std::string bytes;
   content.readText([&](auto base64) { bytes = Enc64::MyDecode(base64); });
-  item.File(tempFiles.writeProduct(name, item.File(), bytes));
+  item.File(tempFiles.writeProduct(name, item.File(), bytes, paths));
 }
 
 }  // namespace
@@ -37,9 +37,10 @@ void BriefingResponse::loaded() {
 void BriefingResponse::extractData() {
   const xml::Node payload = Payload();
   readText(payload, "naips:content", Content.value);
+  FreePaths paths;
   for (const xml::Node& product : payload.selectAll("naips:product")) {
     const auto& item = append(std::make_shared<BriefItem>());
-    readProduct(product, *item);
+    readProduct(product, *item, paths);
   }
 }
 

@@ -1,17 +1,18 @@
 #include <ktpnaips/briefing/briefings.h>
 #include <ktpnaips/core/collection.h>
+#include <ktpnaips/core/flag_attributes.h>
 #include <ktpnaips/core/operation.h>
 #include <ktpnaips/core/xml_building.h>
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace ktpnaips {
 
 using modBrevank::addAttribute;
 using modBrevank::addElement;
+using modBrevank::addElements;
 
 namespace {
 
@@ -30,35 +31,16 @@ constexpr std::size_t mostAreas = 5;
 constexpr std::size_t mostLocations = 12;
 constexpr std::size_t mostMetLocations = 4;
 
-struct Option {
-  std::int32_t bit;
-  std::wstring_view name;
-};
-
-constexpr std::array areaFlags{Option{0, L"met"}, Option{1, L"ntm"}, Option{2, L"hon"},
-                               Option{3, L"charts"}, Option{4, L"mid-sigwx-gpwt"}};
+constexpr std::array areaFlags{NamedFlag{0, L"met"}, NamedFlag{1, L"ntm"}, NamedFlag{2, L"hon"},
+                               NamedFlag{3, L"charts"}, NamedFlag{4, L"mid-sigwx-gpwt"}};
 constexpr std::int32_t highVariant = 5;
 
-constexpr std::array locationFlags{Option{0, L"met"}, Option{1, L"ntm"}, Option{2, L"hon"},
-                                   Option{3, L"sigmet"}};
+constexpr std::array locationFlags{NamedFlag{0, L"met"}, NamedFlag{1, L"ntm"}, NamedFlag{2, L"hon"},
+                                   NamedFlag{3, L"sigmet"}};
 
-constexpr std::array messageTypes{Option{0, L"TAF"},    Option{1, L"TTF"},  Option{2, L"METAR"},
-                                  Option{3, L"SPECI"},  Option{4, L"AQNH"}, Option{5, L"SIGMET"},
-                                  Option{7, L"AIRMET"}, Option{8, L"ATIS"}};
-
-void addTexts(const xml::Node& request, std::wstring_view namespaceUri, std::wstring_view name,
-              const std::vector<std::wstring>& texts) {
-  for (const auto& text : texts) addElement(request, name, namespaceUri, text);
-}
-
-xml::Node addFlags(const xml::Node& request, std::wstring_view namespaceUri, const FlagWord& word,
-                   std::span<const Option> options) {
-  xml::Node flags = addElement(request, L"flags", namespaceUri);
-  for (const auto& [bit, name] : options) {
-    addAttribute(flags, name, namespaceUri, modBrevank::boolean(word.flag(bit)));
-  }
-  return flags;
-}
+constexpr std::array messageTypes{
+    NamedFlag{0, L"TAF"},  NamedFlag{1, L"TTF"},    NamedFlag{2, L"METAR"},  NamedFlag{3, L"SPECI"},
+    NamedFlag{4, L"AQNH"}, NamedFlag{5, L"SIGMET"}, NamedFlag{7, L"AIRMET"}, NamedFlag{8, L"ATIS"}};
 
 }  // namespace
 
@@ -78,8 +60,8 @@ void AreaBriefingRqs::clearAreas() noexcept {
 }
 
 void AreaBriefingRqs::appendItems(const xml::Node& request, std::wstring_view namespaceUri) const {
-  addTexts(request, namespaceUri, L"area", areas_);
-  const xml::Node flags = addFlags(request, namespaceUri, *this, areaFlags);
+  addElements(request, L"area", namespaceUri, areas_);
+  const xml::Node flags = addFlags(request, L"flags", namespaceUri, *this, areaFlags);
   addAttribute(flags, L"variant", namespaceUri, flag(highVariant) ? L"HI" : L"LO");
 }
 
@@ -95,8 +77,8 @@ void LocationBriefingRqs::clearLocations() noexcept {
 
 void LocationBriefingRqs::appendItems(const xml::Node& request,
                                       std::wstring_view namespaceUri) const {
-  addTexts(request, namespaceUri, L"loc", locations_);
-  addFlags(request, namespaceUri, *this, locationFlags);
+  addElements(request, L"loc", namespaceUri, locations_);
+  addFlags(request, L"flags", namespaceUri, *this, locationFlags);
 }
 
 MetBriefingRqs::MetBriefingRqs() : PeriodRequest(metBriefing) {}
@@ -110,7 +92,7 @@ void MetBriefingRqs::clearLocations() noexcept {
 }
 
 void MetBriefingRqs::appendItems(const xml::Node& request, std::wstring_view namespaceUri) const {
-  addTexts(request, namespaceUri, L"loc", locations_);
+  addElements(request, L"loc", namespaceUri, locations_);
   const xml::Node types = addElement(request, L"types", namespaceUri);
   for (const auto& [bit, type] : messageTypes) {
     if (flag(bit)) addElement(types, L"message-type", namespaceUri, type);

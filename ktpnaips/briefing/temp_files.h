@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ktpnaips/briefing/free_paths.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +24,8 @@ class TempFileManager {
   /// extension. Creates the folder, not the file. Without a data folder, a temporary file of the
   /// shared manager instead; an empty name gives an empty text.
   std::wstring GetUniqueFilename(std::wstring_view name);
+  /// The same among the free paths of an answer's products.
+  std::wstring GetUniqueFilename(std::wstring_view name, FreePaths& paths);
 
   /// Writes a product file at `path`, which `GetUniqueFilename` chose for `name`, and returns where
   /// it was written: under the next free number when the path has been taken meanwhile. Throws
@@ -29,6 +33,9 @@ class TempFileManager {
   /// fails.
   std::wstring writeProduct(std::wstring_view name, const std::wstring& path,
                             std::string_view bytes) const;
+  /// The same among the free paths of an answer's products.
+  std::wstring writeProduct(std::wstring_view name, const std::wstring& path,
+                            std::string_view bytes, FreePaths& paths) const;
 
  private:
   [[nodiscard]] bool isTemporary(std::wstring_view path) const;

@@ -1,5 +1,5 @@
 #include <ktpnaips/core/collection.h>
-
+#include <ktpnaips/core/conversions.h>
 #include <ktpnaips/platform/runtime_fault.h>
 
 #include <limits>
@@ -11,6 +11,12 @@ std::int16_t countOf(std::size_t size) {
     throw RuntimeFault(fault::overflow);
   }
   return static_cast<std::int16_t>(size);
+}
+
+void addCleanedWithin(std::size_t limit, std::vector<std::wstring>& list, std::wstring_view text) {
+  if (auto cleaned = Utils::cleanString(text); !cleaned.empty()) {
+    addWithin(limit, list, std::move(cleaned));
+  }
 }
 
 }  // namespace ktpnaips

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -53,5 +55,8 @@ template <class Entry>
 void addWithin(std::size_t limit, std::vector<Entry>& list, Entry entry) {
   if (list.size() < limit) list.push_back(std::move(entry));
 }
+
+/// As above for a text, trimmed and upper-cased; one that is empty then is ignored.
+void addCleanedWithin(std::size_t limit, std::vector<std::wstring>& list, std::wstring_view text);
 
 }  // namespace ktpnaips

@@ -86,6 +86,11 @@ std::wstring neededText(const xml::Node& from, std::string_view path) {
   return from.select(path).text();
 }
 
+void readDateTime(const xml::Node& from, std::string_view path, Property<DateTime>& into) {
+  withText(from, path,
+           [&](const std::wstring& text) { into(Utilities::convertISODateTime(text)); });
+}
+
 std::wstring neededAttribute(const xml::Node& element, std::wstring_view name) {
   auto value = element.attribute(name);
   if (!value) throw RuntimeFault(fault::invalidUseOfNull);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ktpnaips/core/date_time.h>
+#include <ktpnaips/core/property.h>
 #include <ktpnaips/core/response.h>
 #include <ktpnaips/platform/xml.h>
 
@@ -44,6 +46,9 @@ void readText(const xml::Node& from, std::string_view path, Into& into) {
     }
   });
 }
+
+/// `into` becomes the date-time that the child's text gives, when there is one.
+void readDateTime(const xml::Node& from, std::string_view path, Property<DateTime>& into);
 
 /// True for the two texts that mean true in answers: "true" and "1".
 constexpr bool isTrue(std::wstring_view text) {

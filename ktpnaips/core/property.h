@@ -1,6 +1,7 @@
 #pragma once
 
-#include <concepts>
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,10 +25,54 @@ struct Collapsed {
   static std::wstring apply(std::wstring_view value);
 };
 
+/// The first `units` UTF-16 units of the collapsed text.
+std::wstring collapsedAndCut(std::wstring_view value, std::size_t units);
+
+/// True when the text has no more than `units` UTF-16 units.
+bool fits(std::wstring_view text, std::size_t units);
+
+/// As `Collapsed`, then cut to its first `Units` UTF-16 units.
+template <std::size_t Units>
+struct CutTo {
+  static std::wstring apply(std::wstring_view value) { return collapsedAndCut(value, Units); }
+};
+
+/// As `Collapsed`; refuses a result of more than `Units` UTF-16 units.
+template <std::size_t Units>
+struct AtMost : Collapsed {
+  static bool accepts(std::wstring_view collapsed) { return fits(collapsed, Units); }
+};
+
+/// The characters that a `FirstOf` accepts.
+template <std::size_t Size>
+struct Letters {
+  // NOLINTNEXTLINE(google-explicit-constructor): written as a plain literal where it is used
+  constexpr Letters(const wchar_t (&literal)[Size]) { std::copy_n(literal, Size, text); }
+  [[nodiscard]] constexpr std::wstring_view view() const { return {text, Size - 1}; }
+
+  wchar_t text[Size]{};
+};
+
+/// As `Cleaned`, then keeps the first character; refuses one that is not in `Set`. An empty text is
+/// accepted.
+template <Letters Set>
+struct FirstOf {
+  static std::wstring apply(std::wstring_view value) { return Cleaned::apply(value).substr(0, 1); }
+  static bool accepts(std::wstring_view first) {
+    return Set.view().find(first) != std::wstring_view::npos;
+  }
+};
+
 /// Refuses a number outside `Low` to `High`.
 template <auto Low, auto High>
 struct Within {
   static constexpr bool accepts(auto value) { return value >= Low && value <= High; }
+};
+
+/// Refuses a number below `Low`.
+template <auto Low>
+struct AtLeast {
+  static constexpr bool accepts(auto value) { return value >= Low; }
 };
 
 }  // namespace rule
@@ -52,7 +97,7 @@ class Property {
   T value_{};
 };
 
-/// A text property.
+/// A text property. What the rule makes of a value is what it accepts or refuses.
 template <class Rule>
 class Property<std::wstring, Rule> {
  public:
@@ -62,17 +107,21 @@ class Property<std::wstring, Rule> {
   const std::wstring& operator()() const noexcept { return value_; }
 
   void operator()(std::wstring_view value) {
-    if constexpr (requires { Rule::accepts(value); }) {
-      if (!Rule::accepts(value)) return;
-    }
     if constexpr (requires { Rule::apply(value); }) {
-      value_ = Rule::apply(value);
+      store(Rule::apply(value));
     } else {
-      value_ = value;
+      store(std::wstring(value));
     }
   }
 
  private:
+  void store(std::wstring value) {
+    if constexpr (requires { Rule::accepts(value); }) {
+      if (!Rule::accepts(value)) return;
+    }
+    value_ = std::move(value);
+  }
+
   std::wstring value_;
 };
 

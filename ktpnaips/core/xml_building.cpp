@@ -14,6 +14,11 @@ xml::Node addElement(const xml::Node& parent, std::wstring_view name,
   });
 }
 
+void addElements(const xml::Node& parent, std::wstring_view name, std::wstring_view namespaceUri,
+                 const std::vector<std::wstring>& texts) {
+  for (const auto& text : texts) addElement(parent, name, namespaceUri, text);
+}
+
 xml::Node addAttribute(const xml::Node& element, std::wstring_view name,
                        std::wstring_view namespaceUri, std::wstring_view value) {
   return trapped<xml::Node>(inModule(L"addAttribute", L"modBrevank"), [&](xml::Node& attribute) {

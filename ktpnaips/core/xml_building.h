@@ -2,15 +2,21 @@
 
 #include <ktpnaips/platform/xml.h>
 
+#include <string>
 #include <string_view>
+#include <vector>
 
-/// The two primitives by which every request document is built.
+/// The primitives by which every request document is built.
 namespace ktpnaips::modBrevank {
 
 /// Appends an element "ndd:" + `name` as the last child of `parent` and returns it; an empty `text`
 /// leaves it without a child. A failure is reported and gives no element.
 xml::Node addElement(const xml::Node& parent, std::wstring_view name,
                      std::wstring_view namespaceUri, std::wstring_view text = {});
+
+/// Appends one such element for each text, in order.
+void addElements(const xml::Node& parent, std::wstring_view name, std::wstring_view namespaceUri,
+                 const std::vector<std::wstring>& texts);
 
 /// Sets an attribute without prefix, replacing one of the same name, and returns it. A failure is
 /// reported and gives no attribute.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,10 @@ bool exists(std::wstring_view path);
 /// True when a search with ordinary attributes finds the path: folders, and on Windows hidden and
 /// system files, are not seen.
 bool isVisible(std::wstring_view path);
+
+/// Hands over the names in the folder that `isVisible` would find, one by one, in any order, from
+/// one listing; none when the folder cannot be read. A name ends with its call.
+void forEachVisible(std::wstring_view folder, const std::function<void(std::wstring_view)>& use);
 
 /// True when `name` can be a file directly inside a folder: not empty, no separator, drive letter
 /// or control character, no reserved device name.

@@ -26,7 +26,7 @@ class Node {
 
   explicit operator bool() const noexcept { return node_ != nullptr; }
   /// True for two handles on the same node.
-  friend bool operator==(const Node& a, const Node& b) noexcept { return a.node_ == b.node_; }
+  friend bool operator==(const Node& a, const Node& b) noexcept { return a.isSameAs(b); }
 
   /// The document that the node belongs to; a document's own node gives that document.
   [[nodiscard]] Document ownerDocument() const;
@@ -77,6 +77,7 @@ class Node {
   void* node_ = nullptr;
 
  private:
+  [[nodiscard]] bool isSameAs(const Node& other) const noexcept;
   void readTextWith(void* reader, void (*utf8)(void*, std::string_view),
                     void (*wide)(void*, std::wstring_view)) const;
 };

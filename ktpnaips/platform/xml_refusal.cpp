@@ -42,16 +42,26 @@ std::size_t attributesOf(std::string_view tag) {
 
 /// A tag holds no "<", so a crowded one shows as a long way to the next.
 bool hasCrowdedElement(std::string_view text) {
-  for (auto at = text.find('<'); at != npos;) {
-    const auto next = text.find('<', at + 1);
-    const auto length = std::min(next, text.size()) - at;
+  for (auto at = text.find('<'); at != npos; at = text.find('<')) {
+    text.remove_prefix(at);
+    if (skip(text, "<!--", "-->") || skip(text, "<![CDATA[", "]]>") || skip(text, "<?", "?>")) {
+      continue;
+    }
+    const auto length = std::min(text.find('<', 1), text.size());
     if (length > mostAttributes * shortestAttribute &&
-        attributesOf(text.substr(at, length)) > mostAttributes) {
+        attributesOf(text.substr(0, length)) > mostAttributes) {
       return true;
     }
-    at = next;
+    text.remove_prefix(length);
   }
   return false;
+}
+
+/// A NUL in a text whose start is not that of an encoding in units of more than a byte.
+bool hasNul(std::string_view text) {
+  const bool isWide = text.starts_with("\xFE\xFF") || text.starts_with("\xFF\xFE") ||
+                      text.substr(0, 4).find('\0') != npos;
+  return !isWide && text.find('\0') != npos;
 }
 
 }  // namespace
@@ -60,6 +70,7 @@ std::wstring refusalBeforeParsing(std::string_view text) {
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
     return L"the text is longer than 2 GB";
   }
+  if (hasNul(text)) return L"the text holds a NUL character";
   if (hasDoctype(text)) return std::wstring(doctypeRefused);
   if (hasCrowdedElement(text)) return L"an element has more than 1,000 attributes";
   return {};

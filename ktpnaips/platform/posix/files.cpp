@@ -2,15 +2,19 @@
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 #include <utility>
 
@@ -19,6 +23,8 @@ namespace ktpnaips::files {
 const wchar_t separator = L'/';
 
 namespace {
+
+constexpr std::size_t longestTemporaryFolder = 512;  // separator and end of the text included
 
 std::string environment(const char* name) {
   const char* value = std::getenv(name);
@@ -92,12 +98,25 @@ bool isFolder(const std::string& path) {
   return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool isFolder(DIR* in, const dirent& entry) {
+  if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
+  struct stat status {};
+  return ::fstatat(::dirfd(in), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+         S_ISDIR(status.st_mode);
+}
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
 }  // namespace
 
 std::wstring createTemporary(std::wstring_view prefix) {
   std::string folder = environment("TMPDIR");
-  if (folder.empty()) folder = "/tmp";
-  std::string path = withoutTrailingSlashes(folder) + '/' + text::toUtf8(prefix) + "XXXXXX.tmp";
+  if (folder.empty() || folder.front() != '/') folder = "/tmp";
+  std::string path = withoutTrailingSlashes(std::move(folder)) + '/';
+  if (path.size() >= longestTemporaryFolder) return {};
+  path += text::toUtf8(prefix) + "XXXXXX.tmp";
   const Descriptor file(::mkostemps(path.data(), 4, O_CLOEXEC));
   return file.get() >= 0 ? text::fromUtf8(path) : std::wstring();
 }
@@ -128,9 +147,20 @@ bool isVisible(std::wstring_view path) {
   return ::lstat(text::toUtf8(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
+void forEachVisible(std::wstring_view folder, const std::function<void(std::wstring_view)>& use) {
+  const std::unique_ptr<DIR, CloseFolder> listing(::opendir(text::toUtf8(folder).c_str()));
+  if (listing == nullptr) return;
+  while (const dirent* entry = ::readdir(listing.get())) {  // NOLINT(concurrency-mt-unsafe)
+    if (!isFolder(listing.get(), *entry)) use(text::fromUtf8(entry->d_name));
+  }
+}
+
 bool isPlainName(std::wstring_view name) {
+  const auto canStandInName = [](wchar_t c) {
+    return c >= L' ' && c != L'/' && c != L'\\' && c != L':';
+  };
   return !name.empty() && name != L"." && name != L".." &&
-         name.find_first_of(std::wstring_view(L"/\\:\0", 4)) == std::wstring_view::npos;
+         std::ranges::all_of(name, canStandInName);
 }
 
 void remove(std::wstring_view path) noexcept {

@@ -26,6 +26,7 @@ struct FreeXml {
   void operator()(void* memory) const noexcept { xmlFree(memory); }
 };
 
+using Tree = std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>>;
 using XmlText = std::unique_ptr<xmlChar, FreeXml>;
 using Context = std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>>;
 
@@ -34,9 +35,9 @@ using Binding = std::pair<std::string, std::string>;
 
 /// A document with what belongs to it, counted by the handles on its nodes.
 struct SharedDocument {
-  explicit SharedDocument(xmlDocPtr tree) noexcept : document(tree) {}
+  explicit SharedDocument(Tree tree) noexcept : document(std::move(tree)) {}
 
-  std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>> document;
+  Tree document;
   std::vector<Binding> bindings;
   Context xpath;  // made when an expression first needs it; freed before the tree
   bool hasForbiddenCharacters = false;

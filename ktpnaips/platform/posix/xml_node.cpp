@@ -2,12 +2,14 @@
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
+#include <ktpnaips/platform/xml_characters.h>
 
 #include <libxml/xmlsave.h>
 
 #include <cstdint>
 #include <cstring>
 #include <new>
+#include <optional>
 
 namespace ktpnaips::xml {
 
@@ -32,25 +34,13 @@ constexpr auto invalidName = static_cast<std::int32_t>(0xC00CE504U);
 constexpr auto secondDocumentElement = static_cast<std::int32_t>(0xC00CE556U);
 constexpr auto notAParent = static_cast<std::int32_t>(0x80004005U);
 
-bool isForbidden(wchar_t c) {
-  const auto code = static_cast<std::uint32_t>(c);
-  return (code < 0x20 && code != 0x9 && code != 0xA && code != 0xD) ||
-         (code >= 0xD800 && code <= 0xDFFF) || code == 0xFFFE || code == 0xFFFF || code > 0x10FFFF;
-}
-
 /// The text for the tree; what XML does not allow is replaced and remembered, so that serialising
 /// refuses it.
 std::string treeText(SharedDocument& document, std::wstring_view text) {
-  for (const wchar_t c : text) {
-    if (!isForbidden(c)) continue;
-    document.hasForbiddenCharacters = true;
-    std::wstring harmless(text);
-    for (wchar_t& each : harmless) {
-      if (isForbidden(each)) each = L'\uFFFD';
-    }
-    return text::toUtf8(harmless);
-  }
-  return text::toUtf8(text);
+  const std::optional<std::wstring> harmless = withoutForbidden(text);
+  if (!harmless) return text::toUtf8(text);
+  document.hasForbiddenCharacters = true;
+  return text::toUtf8(*harmless);
 }
 
 struct QualifiedName {
@@ -175,6 +165,10 @@ Node& Node::operator=(Node&& other) noexcept {
 
 Node::~Node() {
   release(owner_);
+}
+
+bool Node::isSameAs(const Node& other) const noexcept {
+  return node_ == other.node_;
 }
 
 Document Node::ownerDocument() const {
@@ -314,7 +308,7 @@ std::string Node::serialise() const {
 }
 
 Document Document::create() {
-  auto owner = std::make_unique<SharedDocument>(made(xmlNewDoc(asXml("1.0"))));
+  auto owner = std::make_unique<SharedDocument>(Tree(made(xmlNewDoc(asXml("1.0")))));
   return NodeAccess::makeDocument(owner.release());
 }
 

@@ -12,7 +12,6 @@
 namespace ktpnaips::xml {
 namespace {
 
-using Tree = std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>>;
 using ParserContext = std::unique_ptr<xmlParserCtxt, FreeWith<xmlFreeParserCtxt>>;
 
 constexpr int options =
@@ -108,12 +107,13 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   xmlCtxtUseOptions(parser.get(), options);
   parser->sax->internalSubset = refuseDoctype;
   Tree tree = parseText(parser.get(), text);
-  if (parser->wellFormed == 0 || parser->_private != nullptr || tree == nullptr) {
+  const bool isWellFormed = parser->wellFormed != 0 && parser->nsWellFormed != 0;
+  if (!isWellFormed || parser->_private != nullptr || tree == nullptr) {
     describe(parser.get(), why);
     return {};
   }
   removeWhiteSpaceText(tree.get());
-  auto owner = std::make_unique<SharedDocument>(tree.release());
+  auto owner = std::make_unique<SharedDocument>(std::move(tree));
   return NodeAccess::makeDocument(owner.release());
 }
 

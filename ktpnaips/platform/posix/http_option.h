@@ -4,8 +4,8 @@
 
 #include <new>
 
-#include "ktpnaips/platform/runtime_fault.h"
-#include "ktpnaips/platform/text.h"
+#include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/platform/text.h>
 
 namespace ktpnaips::http {
 

@@ -1,0 +1,45 @@
+#include "tests/support/failing_allocation.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+constexpr int never = -1;
+thread_local int allocationsBeforeFailure = never;
+
+}  // namespace
+
+namespace ktpnaips::test {
+
+FailingAllocation::FailingAllocation(int before) {
+  allocationsBeforeFailure = before;
+}
+
+FailingAllocation::~FailingAllocation() {
+  allocationsBeforeFailure = never;
+}
+
+bool FailingAllocation::hasFailed() const {
+  return allocationsBeforeFailure == never;
+}
+
+}  // namespace ktpnaips::test
+
+void* operator new(std::size_t size) {
+  const bool fails = allocationsBeforeFailure == 0;
+  if (allocationsBeforeFailure != never) --allocationsBeforeFailure;
+  if (fails) throw std::bad_alloc();
+  void* const memory = std::malloc(size != 0 ? size : 1);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}

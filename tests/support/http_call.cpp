@@ -1,0 +1,52 @@
+#include "tests/support/http_call.h"
+
+#include <vector>
+
+namespace ktpnaips::test {
+
+namespace {
+
+void readBody(http::Exchange& exchange, std::size_t blockSize, HttpOutcome& outcome) {
+  std::vector<char> block(blockSize);
+  while (const auto count = exchange.read(block.data(), block.size())) {
+    outcome.body.append(block.data(), *count);
+    if (*count != 0) continue;
+    outcome.bodyIsWhole = true;
+    return;
+  }
+}
+
+}  // namespace
+
+http::ErrorCode open(http::Exchange& exchange, const HttpCall& call) {
+  if (const auto code = exchange.openSession("Velmora Flight Planner")) return code;
+  if (const auto code = exchange.connect(call.host, call.port, call.route)) return code;
+  if (const auto code = exchange.openRequest("POST", L"/naips/service", call.flags)) return code;
+  exchange.addHeaders(
+      "Accept: text/*\r\nAccept-Language: en\r\nContent-Type: text/xml; charset=utf-8\r\n"
+      "Connection: Keep-Alive\r\n");
+  exchange.setTimeout(http::Timeout::connect, call.connectTimeout);
+  exchange.setTimeout(http::Timeout::send, call.sendTimeout);
+  exchange.setTimeout(http::Timeout::receive, call.receiveTimeout);
+  return 0;
+}
+
+HttpOutcome run(const HttpCall& call) {
+  HttpOutcome outcome;
+  http::Exchange exchange;
+  outcome.code = open(exchange, call);
+  if (outcome.code != 0) return outcome;
+  for (;;) {
+    outcome.code = exchange.send(call.body);
+    if (outcome.code != 0) return outcome;
+    outcome.status = exchange.query(http::Info::statusCode).value_or("");
+    if (outcome.status != "407" || !exchange.logInToProxy()) break;
+    ++outcome.logIns;
+  }
+  outcome.contentType = exchange.query(http::Info::contentType);
+  outcome.rawHeaders = exchange.query(http::Info::rawHeaders);
+  readBody(exchange, call.blockSize, outcome);
+  return outcome;
+}
+
+}  // namespace ktpnaips::test

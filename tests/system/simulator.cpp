@@ -1,0 +1,66 @@
+#include "tests/system/simulator.h"
+
+#include <ktpnaips/core/deployment.h>
+#include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/core/transport.h>
+#include <ktpnaips/platform/terminal.h>
+#include <ktpnaips/platform/text.h>
+
+#include <mutex>
+#include <stdexcept>
+#include <utility>
+
+namespace simulator {
+namespace {
+
+std::string environment(const char* name) {
+  auto value = ktpnaips::terminal::environment(name);
+  if (!value)
+    throw std::runtime_error(std::string("run this program through with-simulator: ") + name);
+  return *std::move(value);
+}
+
+/// Asks the simulator itself; its answer's text.
+std::string control(std::string_view what, std::string_view body = {}) {
+  return ktpnaips::winInet::winInetSend(
+      L"http://simulator/control/" + ktpnaips::text::fromUtf8(what), L"", body);
+}
+
+}  // namespace
+
+std::wstring address() {
+  return ktpnaips::text::fromUtf8(environment("NAIPS_SIMULATOR"));
+}
+
+void use(bool overHttp) {
+  static std::once_flag connected;
+  std::call_once(connected, [] {
+    ktpnaips::Deployment deployment;
+    deployment.connectTo = address();
+    deployment.caFile = ktpnaips::text::fromUtf8(environment("NAIPS_SIMULATOR_CA"));
+    ktpnaips::Deployment::use(std::move(deployment));
+  });
+  ktpnaips::NAIPSConfig config;
+  config.Mode(1);
+  config.UseProxy(overHttp);
+  config.UserName(user);
+  config.Password(password);
+}
+
+Fault::Fault(std::string_view name) {
+  control("fault", name);
+}
+
+Fault::~Fault() {
+  control("fault");
+}
+
+std::size_t requestCount() {
+  return std::stoul(control("count"));
+}
+
+std::string lastRequest() {
+  return control("last");
+}
+
+}  // namespace simulator

@@ -1,0 +1,98 @@
+#include "tests/system/simulator.h"
+
+#include <ktpnaips/briefing/briefings.h>
+#include <ktpnaips/core/authenticate.h>
+#include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/core/service.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <barrier>
+#include <cstdint>
+#include <string>
+#include <thread>
+#include <vector>
+
+using ktpnaips::AuthenticateRqs;
+using ktpnaips::NAIPSConfig;
+
+namespace {
+
+constexpr int threadCount = 8;
+constexpr int submitsPerThread = 200;
+
+TEST(Threads, NeverSeeEachOthersAccountAndMode) {
+  std::barrier<> bothHaveSet(2);
+  const auto run = [&](std::int32_t mode, const wchar_t* user) {
+    NAIPSConfig config;
+    config.Mode(mode);
+    config.UserName(user);
+    config.Password(std::wstring(L"secret of ") + user);
+    bothHaveSet.arrive_and_wait();
+    EXPECT_EQ(config.Mode(), mode);
+    EXPECT_EQ(config.UserName(), user);
+    EXPECT_EQ(config.Password(), std::wstring(L"secret of ") + user);
+    EXPECT_EQ(ktpnaips::serviceURL(9).empty(), mode == 7);
+    bothHaveSet.arrive_and_wait();
+  };
+  std::thread first(run, 2, L"FIRST");
+  std::thread second(run, 7, L"SECOND");
+  first.join();
+  second.join();
+  EXPECT_EQ(NAIPSConfig().UserName(), L"");
+}
+
+/// Submits log-ins, every second one with a wrong password; how many answers were not the right
+/// one.
+int wrongAnswers(int thread) {
+  simulator::use(thread % 2 == 0);
+  int wrong = 0;
+  for (int i = 0; i < submitsPerThread; ++i) {
+    const bool isRight = (i + thread) % 2 == 0;
+    NAIPSConfig().Password(isRight ? simulator::password : std::wstring_view(L"wrong"));
+    const auto response = AuthenticateRqs().submit();
+    if (response == nullptr || response->Error() == isRight) ++wrong;
+  }
+  return wrong;
+}
+
+TEST(Threads, EightSubmitTwoHundredTimesEachAndGetTheirOwnAnswers) {
+  simulator::use(true);
+  const auto before = simulator::requestCount();
+  std::atomic<int> wrong = 0;
+  std::vector<std::thread> threads;
+  for (int i = 0; i < threadCount; ++i) {
+    threads.emplace_back([&, i] { wrong += wrongAnswers(i); });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(wrong, 0);
+  EXPECT_EQ(simulator::requestCount() - before,
+            static_cast<std::size_t>(threadCount * submitsPerThread));
+}
+
+TEST(Threads, DecodingAtOnceNeverShareAFile) {
+  simulator::use(true);
+  std::vector<std::vector<std::wstring>> files(threadCount);
+  std::vector<std::thread> threads;
+  for (auto& own : files) {
+    threads.emplace_back([&own] {
+      simulator::use(true);
+      ktpnaips::LocationBriefingRqs request;
+      request.addLocation(L"YSSY");
+      for (int i = 0; i < 3; ++i) {
+        const auto briefing = request.submit();
+        for (const auto& item : *briefing) own.push_back(item->File());
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  std::vector<std::wstring> all;
+  for (const auto& own : files) all.insert(all.end(), own.begin(), own.end());
+  std::ranges::sort(all);
+  EXPECT_GE(all.size(), static_cast<std::size_t>(threadCount * 3));
+  EXPECT_EQ(std::ranges::adjacent_find(all), all.end());
+}
+
+}  // namespace
