@@ -21,8 +21,10 @@
 namespace cli {
 namespace {
 
-const std::map<std::string_view, const char*> groupHelp{{"account", "The account"},
-                                                        {"brief", "Briefings"}};
+const std::map<std::string_view, const char*> groupHelp{
+    {"account", "The account"},         {"brief", "Briefings"},           {"chart", "Charts"},
+    {"flight", "Flight notifications"}, {"met", "General MET messages"},  {"notam", "NOTAMs"},
+    {"route", "Standard routes"},       {"spfib", "Pre-flight bulletins"}};
 
 CLI::App* addGroup(CLI::App& app, std::string_view name) {
   const auto help = groupHelp.find(name);

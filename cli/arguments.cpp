@@ -37,6 +37,20 @@ int numberAt(std::string_view text, std::size_t position, std::size_t length) {
   return value;
 }
 
+[[noreturn]] void refuseAsMissing(const std::string& text) {
+  throw UsageError(fmt::format("\"{}\" is not a date and time that exists", text));
+}
+
+/// The day that the text's first ten characters, YYYY-MM-DD, give.
+std::chrono::local_days dayOf(const std::string& text) {
+  using namespace std::chrono;
+  const year_month_day date{year{numberAt(text, 0, 4)},
+                            month{static_cast<unsigned>(numberAt(text, 5, 2))},
+                            day{static_cast<unsigned>(numberAt(text, 8, 2))}};
+  if (!date.ok()) refuseAsMissing(text);
+  return local_days{date};
+}
+
 }  // namespace
 
 CLI::Option* addText(CLI::App& app, const char* name, const char* help, TextSetter set) {
@@ -75,16 +89,24 @@ DateTime parseDateTime(const std::string& text) {
     throw UsageError(
         fmt::format("\"{}\" is not a date-time: write YYYY-MM-DDThh:mm[:ss]Z, UTC", text));
   }
-  const year_month_day date{year{numberAt(value, 0, 4)},
-                            month{static_cast<unsigned>(numberAt(value, 5, 2))},
-                            day{static_cast<unsigned>(numberAt(value, 8, 2))}};
   const int hour = numberAt(value, 11, 2);
   const int minute = numberAt(value, 14, 2);
   const int second = hasSeconds ? numberAt(value, 17, 2) : 0;
-  if (!date.ok() || hour > 23 || minute > 59 || second > 59) {
-    throw UsageError(fmt::format("\"{}\" is not a date and time that exists", text));
+  if (hour > 23 || minute > 59 || second > 59) refuseAsMissing(text);
+  return dayOf(text) + hours{hour} + minutes{minute} + seconds{second};
+}
+
+DateTime parseDate(const std::string& text) {
+  if (!fits(text, "0000-00-00")) {
+    throw UsageError(fmt::format("\"{}\" is not a date: write YYYY-MM-DD", text));
   }
-  return local_days{date} + hours{hour} + minutes{minute} + seconds{second};
+  return dayOf(text);
+}
+
+void addRequestFile(CLI::App& app, std::function<void(const std::string&)> read) {
+  app.add_option_function<std::string>("FILE", std::move(read),
+                                       "Request file (JSON), or - for standard input")
+      ->required();
 }
 
 void addPeriod(CLI::App& app, ktpnaips::BriefingRequest& period) {

@@ -6,6 +6,7 @@
 #include <CLI/App.hpp>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -27,10 +28,22 @@ void addFlag(CLI::App& app, const char* name, const char* help, std::function<vo
 CLI::Option* addNumber(CLI::App& app, const char* name, const char* help,
                        std::function<void(std::int16_t)> set);
 
+/// `--group`: the group on whose behalf the request is made.
+template <class Request>
+void addGroup(CLI::App& app, const std::shared_ptr<Request>& request) {
+  addText(app, "--group", "Group on whose behalf", [=](auto text) { request->GroupId(text); });
+}
+
+/// The argument FILE: a request file, or "-" for standard input.
+void addRequestFile(CLI::App& app, std::function<void(const std::string&)> read);
+
 /// `--from`, `--till` and `--hours` of a briefing period. The request outlives the parsing.
 void addPeriod(CLI::App& app, ktpnaips::BriefingRequest& period);
 
 /// Reads "YYYY-MM-DDThh:mm[:ss]", with or without a Z; throws `UsageError` for other text.
 ktpnaips::DateTime parseDateTime(const std::string& text);
+
+/// Reads "YYYY-MM-DD" as its midnight; throws `UsageError` for other text.
+ktpnaips::DateTime parseDate(const std::string& text);
 
 }  // namespace cli

@@ -1,17 +1,24 @@
 #include "cli/briefing_output.h"
 
+#include "cli/property_output.h"
 #include "cli/text_output.h"
 
 namespace cli {
 
+using ktpnaips::BriefItem;
+
+namespace {
+
+constexpr Shown<BriefItem> item[] = {{"Product", "", valueOf<&BriefItem::Product>},
+                                     {"File", "", valueOf<&BriefItem::File>},
+                                     {"ProductType", "", valueOf<&BriefItem::ProductType>}};
+
+}  // namespace
+
 void briefingFields(const ktpnaips::BriefingResponse& briefing, Json& json) {
   json["Content"] = jsonText(briefing.Content());
   json["Product"] = jsonText(briefing.Product());
-  setItems(json, briefing, [](const auto& item) {
-    return Json{{"Product", jsonText(item->Product())},
-                {"File", jsonText(item->File())},
-                {"ProductType", jsonText(item->ProductType())}};
-  });
+  setObjects(json, briefing, item);
 }
 
 void printBriefing(const ktpnaips::BriefingResponse& briefing) {
@@ -19,8 +26,8 @@ void printBriefing(const ktpnaips::BriefingResponse& briefing) {
   if (briefing.Images().empty()) return;
   printLine();
   printLine("Files:");
-  for (const auto& item : briefing) {
-    printLine("  " + (item->File().empty() ? "(no content)" : plain(item->File())));
+  for (const auto& each : briefing) {
+    printFile(each->File());
   }
 }
 

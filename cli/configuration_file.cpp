@@ -1,5 +1,6 @@
 #include "cli/configuration_file.h"
 
+#include "cli/paths.h"
 #include "cli/usage_error.h"
 
 #include <ktpnaips/platform/terminal.h>
@@ -18,10 +19,6 @@ namespace cli {
 namespace {
 
 using ktpnaips::terminal::environment;
-
-std::filesystem::path pathOf(const std::string& utf8) {
-  return {std::u8string(utf8.begin(), utf8.end())};
-}
 
 /// The file that `--config` names, or nothing.
 std::optional<std::string> namedFile(const std::vector<std::string>& arguments) {
@@ -46,8 +43,7 @@ std::optional<std::string> defaultFile() {
   const auto file = folder / "naips" / "config.toml";
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored)) return std::nullopt;
-  const auto utf8 = file.u8string();
-  return std::string(utf8.begin(), utf8.end());
+  return pathText(file);
 }
 
 std::vector<CLI::ConfigItem> read(const std::string& file) {

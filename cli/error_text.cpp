@@ -1,8 +1,14 @@
 #include "cli/error_text.h"
 
+#include "cli/masking.h"
+
 #include <ktpnaips/platform/text.h>
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace cli {
 namespace {
@@ -29,16 +35,24 @@ constexpr std::array summaries{
             "The answer cannot be read; it may have been cut off. Try again."},
 };
 
+// How the text starts when the service itself has answered with a refusal or a fault.
+constexpr std::array<std::string_view, 5> verdicts{
+    "NAIPS Error:", "SOAP Fault Code:", "SOAP Fault String:", "Actor:", "Detail:"};
+
+/// As UTF-8. An answer may repeat the request, so passwords are masked in both parts.
+std::string shown(std::wstring_view text) {
+  return masked(ktpnaips::text::toUtf8(text));
+}
+
 }  // namespace
 
 ErrorText errorText(const ktpnaips::AbstractResponse* response) {
   const std::wstring whole =
       response != nullptr ? response->ErrorText() : std::wstring(L"No response set");
   const auto end = whole.rfind(traceStart);
-  if (end == std::wstring::npos) return {ktpnaips::text::toUtf8(whole), {}};
+  if (end == std::wstring::npos) return {shown(whole), {}};
   const std::wstring_view view(whole);
-  return {ktpnaips::text::toUtf8(view.substr(0, end)),
-          ktpnaips::text::toUtf8(view.substr(end + traceStart.size()))};
+  return {shown(view.substr(0, end)), shown(view.substr(end + traceStart.size()))};
 }
 
 std::string summaryOf(std::string_view errorText) {
@@ -46,6 +60,18 @@ std::string summaryOf(std::string_view errorText) {
     if (errorText.find(sign) != std::string_view::npos) return std::string(sentence);
   }
   return "There is no usable answer.";
+}
+
+bool mayHaveBeenDone(const ErrorText& error) {
+  const bool wasSent = !error.trace.empty();
+  const bool hasVerdict = error.text.empty() || std::ranges::any_of(verdicts, [&](auto start) {
+                            return error.text.starts_with(start);
+                          });
+  return wasSent && !hasVerdict;
+}
+
+void complain(std::string_view text) {
+  fmt::print(stderr, "{}\n", text);
 }
 
 }  // namespace cli

@@ -7,10 +7,10 @@
 
 namespace cli {
 
-/// The two parts of a response's error text, as UTF-8.
+/// The two parts of a response's error text, as UTF-8 with passwords masked.
 struct ErrorText {
   std::string text;   ///< what went wrong
-  std::string trace;  ///< the request as it was sent, password included; or empty
+  std::string trace;  ///< the request as it was sent; or empty
 };
 
 /// The error text of a response; that of an unanswered one without a response.
@@ -18,5 +18,12 @@ ErrorText errorText(const ktpnaips::AbstractResponse* response);
 
 /// One sentence that says what happened and what to do next.
 std::string summaryOf(std::string_view errorText);
+
+/// True when the request was sent, or tried to be, and no verdict of the service came back: nobody
+/// knows whether it has done what was asked.
+bool mayHaveBeenDone(const ErrorText& error);
+
+/// Writes a line to standard error.
+void complain(std::string_view text);
 
 }  // namespace cli

@@ -1,5 +1,6 @@
 #include "cli/global_options.h"
 
+#include "cli/paths.h"
 #include "cli/usage_error.h"
 
 #include <ktpnaips/core/deployment.h>
@@ -9,7 +10,6 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
 #include <fstream>
 #include <utility>
 
@@ -110,8 +110,7 @@ void GlobalOptions::apply() const {
 }
 
 std::string firstLine(const std::string& file) {
-  const auto utf8Path = std::u8string(file.begin(), file.end());
-  std::ifstream stream{std::filesystem::path(utf8Path)};
+  std::ifstream stream(pathOf(file));
   std::string line;
   if (!stream || !std::getline(stream, line)) {
     throw UsageError(fmt::format("cannot read a password from \"{}\"", file));

@@ -1,5 +1,6 @@
 #include "cli/out_folder.h"
 
+#include "cli/paths.h"
 #include "cli/usage_error.h"
 
 #include <ktpnaips/platform/text.h>
@@ -13,15 +14,6 @@ namespace cli {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path pathOf(const std::string& utf8) {
-  return {std::u8string(utf8.begin(), utf8.end())};
-}
-
-std::wstring wide(const fs::path& path) {
-  const auto utf8 = path.u8string();
-  return ktpnaips::text::fromUtf8(std::string(utf8.begin(), utf8.end()));
-}
 
 fs::path numbered(const fs::path& folder, const fs::path& name, int number) {
   if (number == 0) return folder / name;
@@ -41,12 +33,16 @@ void prepareOutFolder(const std::string& folder) {
   }
 }
 
-std::wstring copyInto(const std::string& folder, const std::wstring& file) {
+std::wstring copyInto(const std::string& folder, const std::wstring& file,
+                      const std::string& name) {
   const fs::path source = pathOf(ktpnaips::text::toUtf8(file));
+  const fs::path wanted = name.empty() ? source.filename() : pathOf(name);
   for (int number = 0;; ++number) {
-    const fs::path target = numbered(fs::absolute(pathOf(folder)), source.filename(), number);
+    const fs::path target = numbered(fs::absolute(pathOf(folder)), wanted, number);
     std::error_code error;
-    if (fs::copy_file(source, target, fs::copy_options::none, error)) return wide(target);
+    if (fs::copy_file(source, target, fs::copy_options::none, error)) {
+      return ktpnaips::text::fromUtf8(pathText(target));
+    }
     if (error != std::errc::file_exists) {
       throw std::runtime_error(fmt::format("The file {} could not be copied into {}: {}.",
                                            ktpnaips::text::toUtf8(file), folder, error.message()));

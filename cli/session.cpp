@@ -14,7 +14,7 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
+#include <algorithm>
 
 namespace cli {
 
@@ -25,12 +25,16 @@ using ktpnaips::text::toUtf8;
 
 namespace {
 
-std::optional<std::string> userOf(const GlobalOptions& options) {
-  return options.user ? options.user : environment("NAIPS_USER");
+bool isError(const ktpnaips::AbstractResponse* response) {
+  return response == nullptr || response->Error();
 }
 
-void complain(std::string_view text) {
-  fmt::print(stderr, "{}\n", text);
+void showJson(const Json& json) {
+  printLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+std::optional<std::string> userOf(const GlobalOptions& options) {
+  return options.user ? options.user : environment("NAIPS_USER");
 }
 
 }  // namespace
@@ -78,21 +82,25 @@ void Session::setAccount(ktpnaips::AbstractRequest& request) const {
   if (options_.source) request.Source(fromUtf8(*options_.source));
 }
 
-void Session::announce() const {
-  if (!options_.verbose || options_.quiet) return;
-  const auto& to = ktpnaips::Deployment::current().connectTo;
-  complain(fmt::format("Asking the service in mode {}{} ...", options_.mode,
-                       to.empty() ? "" : " at " + toUtf8(to)));
+void Session::remark(std::string_view text) const {
+  if (!options_.quiet) complain(text);
 }
 
-void Session::showDocument(const ktpnaips::IAppendable& request) const {
+void Session::announce() const {
+  if (!options_.verbose) return;
+  const auto& to = ktpnaips::Deployment::current().connectTo;
+  remark(fmt::format("Asking the service in mode {}{} ...", options_.mode,
+                     to.empty() ? "" : " at " + toUtf8(to)));
+}
+
+void Session::writeDocument(const ktpnaips::IAppendable& request) const {
   printLine(masked(ktpnaips::requestDocument(request)));
 }
 
-std::wstring Session::kept(const std::wstring& file) {
+std::wstring Session::kept(const std::wstring& file, const std::string& name) {
   if (!options_.out || file.empty()) return file;
   try {
-    return copyInto(*options_.out, file);
+    return copyInto(*options_.out, file, name);
   } catch (const std::exception& failure) {
     failures_.push_back(failure.what());
     return file;
@@ -101,28 +109,29 @@ std::wstring Session::kept(const std::wstring& file) {
 
 void Session::show(const ktpnaips::AbstractResponse* response, const Json& properties,
                    const std::function<void()>& print) {
-  hasError_ = response == nullptr || response->Error();
+  hasError_ = isError(response);
   if (options_.json) {
-    showJson(response, properties);
-  } else if (hasError_) {
+    Json json = outcome(response, properties);
+    json["Failures"] = failures_;
+    showJson(json);
+    return;
+  }
+  if (hasError_) {
     showError(response);
   } else {
     print();
   }
-  if (!options_.json) {
-    for (const auto& failure : failures_) complain(failure);
-  }
+  showFailures();
 }
 
-void Session::showJson(const ktpnaips::AbstractResponse* response, const Json& properties) const {
+Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& properties) const {
   const ErrorText error = errorText(response);
   Json json = Json::object();
-  json["Error"] = hasError_;
+  json["Error"] = isError(response);
   json["ErrorText"] = error.text;
-  if (options_.trace && !error.trace.empty()) json["Trace"] = masked(error.trace);
+  if (options_.trace && !error.trace.empty()) json["Trace"] = error.trace;
   json.update(properties);
-  json["Failures"] = failures_;
-  printLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+  return json;
 }
 
 void Session::showError(const ktpnaips::AbstractResponse* response) const {
@@ -130,8 +139,41 @@ void Session::showError(const ktpnaips::AbstractResponse* response) const {
   complain("naips: " + summaryOf(error.text));
   complain(plain(fromUtf8(error.text)));
   if (options_.trace && !error.trace.empty()) {
-    complain("In response to request:\n" + masked(error.trace));
+    complain("In response to request:\n" + error.trace);
   }
+}
+
+void Session::showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+                      const std::function<void()>& print) {
+  hasError_ = hasError_ || isError(response);
+  if (options_.json) return;
+  if (isError(response)) {
+    complain("naips: " + key + ":");
+    showError(response);
+  } else {
+    print();
+  }
+}
+
+void Session::finishEach(const std::vector<Json>& outcomes) const {
+  if (!options_.json) {
+    showFailures();
+    return;
+  }
+  const auto failed =
+      std::ranges::count_if(outcomes, [](const Json& each) { return each["Error"].get<bool>(); });
+  Json json = Json::object();
+  json["Error"] = failed > 0;
+  json["ErrorText"] =
+      failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
+  json["Count"] = outcomes.size();
+  json["Items"] = outcomes;
+  json["Failures"] = failures_;
+  showJson(json);
+}
+
+void Session::showFailures() const {
+  for (const auto& failure : failures_) complain(failure);
 }
 
 ExitStatus Session::exitStatus() const {

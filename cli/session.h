@@ -1,9 +1,12 @@
 #pragma once
 
+#include "cli/chart_files.h"
 #include "cli/exit_status.h"
 #include "cli/global_options.h"
 #include "cli/json.h"
+#include "cli/progress.h"
 #include "cli/simulation.h"
+#include "cli/text_output.h"
 
 #include <ktpnaips/core/abstract_request.h>
 #include <ktpnaips/core/request_document.h>
@@ -30,20 +33,65 @@ class Session {
 
   /// Submits the request and shows its response: `fields` puts its properties into a JSON object,
   /// `print` writes them for a person. With `--dry-run`, writes the request document instead.
+  /// Returns the response, if there is one.
   template <class Request, class Fields, class Print>
-  void submit(Request& request, Fields fields, Print print) {
-    if constexpr (requires { request.abstractReq(); }) setAccount(request.abstractReq());
-    if (options_.dryRun) {
+  auto submit(Request& request, Fields fields, Print print) {
+    if (isDryRun()) {
       showDocument(request);
-      return;
+      return decltype(request.submit())();
     }
     announce();
+    const auto response = fetch(request);
+    show(response.get(), propertiesOf(response, fields), [&] { print(*response); });
+    return response;
+  }
+
+  /// Submits the request once for each key, which `set` gives to it, and shows the responses one
+  /// after another; as JSON, they are the items of one object.
+  template <class Request, class Keys, class Set, class Fields, class Print>
+  void submitEach(Request& request, const Keys& keys, Set set, Fields fields, Print print) {
+    Progress progress(keys.size(), !options_.quiet && !isDryRun());
+    std::vector<Json> outcomes;
+    for (const auto& key : keys) {
+      set(request, key);
+      if (isDryRun()) {
+        showDocument(request);
+        continue;
+      }
+      progress.next(oneLine(key));
+      const auto response = fetch(request);
+      progress.clear();
+      outcomes.push_back(outcome(response.get(), propertiesOf(response, fields)));
+      showOne(response.get(), oneLine(key), [&] { print(*response); });
+    }
+    if (!isDryRun()) finishEach(outcomes);
+  }
+
+  /// Submits the request, shows nothing, and keeps the files of its response.
+  template <class Request>
+  auto fetch(Request& request) {
+    setAccountOf(request);
     const auto response = request.submit();
     if (response != nullptr) keepFiles(*response);
-    Json properties = Json::object();
-    if (response != nullptr) fields(*response, properties);
-    show(response.get(), properties, [&] { print(*response); });
+    return response;
   }
+
+  /// Shows a response, or that there is none, with these properties.
+  void show(const ktpnaips::AbstractResponse* response, const Json& properties,
+            const std::function<void()>& print);
+
+  /// Writes the request's document.
+  template <class Request>
+  void showDocument(Request& request) {
+    setAccountOf(request);
+    writeDocument(request);
+  }
+
+  [[nodiscard]] bool isDryRun() const { return options_.dryRun; }
+  /// Whether files are copied into a folder of the caller's.
+  [[nodiscard]] bool keepsFiles() const { return options_.out.has_value(); }
+  /// Writes a sentence to standard error, unless `--quiet`.
+  void remark(std::string_view text) const;
 
   /// What the process shall return.
   [[nodiscard]] ExitStatus exitStatus() const;
@@ -53,20 +101,44 @@ class Session {
   [[nodiscard]] std::string password() const;
   void setAccount(ktpnaips::AbstractRequest& request) const;
   void announce() const;
-  void showDocument(const ktpnaips::IAppendable& request) const;
-  void show(const ktpnaips::AbstractResponse* response, const Json& properties,
-            const std::function<void()>& print);
-  void showJson(const ktpnaips::AbstractResponse* response, const Json& properties) const;
+  void writeDocument(const ktpnaips::IAppendable& request) const;
   void showError(const ktpnaips::AbstractResponse* response) const;
+  void showFailures() const;
+
+  template <class Request>
+  void setAccountOf(Request& request) const {
+    if constexpr (requires { request.abstractReq(); }) setAccount(request.abstractReq());
+  }
+
+  template <class Response, class Fields>
+  static Json propertiesOf(const std::shared_ptr<Response>& response, Fields fields) {
+    Json properties = Json::object();
+    if (response != nullptr) fields(*response, properties);
+    return properties;
+  }
+
+  /// The JSON object of one response.
+  [[nodiscard]] Json outcome(const ktpnaips::AbstractResponse* response,
+                             const Json& properties) const;
+  /// Shows one response of several to a person.
+  void showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+               const std::function<void()>& print);
+  /// Shows several outcomes as JSON, and the failures of all.
+  void finishEach(const std::vector<Json>& outcomes) const;
 
   /// Copies the files of a response into `--out` and makes it name the copies.
   template <class Response>
   void keepFiles(Response& response) {
     if constexpr (requires { response.Images(); }) {
       for (const auto& item : response.Images()) item->File(kept(item->File()));
+    } else if constexpr (requires { response.ChartDescriptor(); }) {
+      for (const auto& product : response) {
+        const std::string name = chartFileName(response.ChartDescriptor().get(), *product);
+        product->FilePath(kept(product->FilePath(), name));
+      }
     }
   }
-  [[nodiscard]] std::wstring kept(const std::wstring& file);
+  [[nodiscard]] std::wstring kept(const std::wstring& file, const std::string& name = {});
 
   GlobalOptions options_;
   std::unique_ptr<Simulation> simulation_;

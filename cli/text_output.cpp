@@ -53,6 +53,13 @@ std::string plain(std::wstring_view text) {
   return lines;
 }
 
+std::string oneLine(std::wstring_view text) {
+  std::string line = plain(text);
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
+  return line;
+}
+
 void printLine(std::string_view line) {
   write(line);
   write("\n");
@@ -77,6 +84,10 @@ void printText(std::wstring_view text) {
   }
 }
 
+void printFile(const std::wstring& path) {
+  printLine("  " + (path.empty() ? "(no content)" : oneLine(path)));
+}
+
 Table::Table(std::vector<std::string> headings) {
   rows_.push_back(std::move(headings));
 }
@@ -96,7 +107,7 @@ void Table::print() const {
       line += row[i];
       if (i + 1 < row.size()) line.append(widths[i] - widthOf(row[i]) + 2, ' ');
     }
-    printLine(line);
+    printLine(line.substr(0, line.find_last_not_of(' ') + 1));
   }
 }
 

@@ -11,6 +11,9 @@ namespace cli {
 /// UTF-8 of a text of the library, its line ends made single line feeds.
 std::string plain(std::wstring_view text);
 
+/// As `plain`, with everything on one line.
+std::string oneLine(std::wstring_view text);
+
 /// Writes a line.
 void printLine(std::string_view line = {});
 
@@ -19,6 +22,9 @@ void printField(std::string_view label, std::wstring_view value);
 
 /// Writes a text, its long lines broken at spaces for the terminal's width.
 void printText(std::wstring_view text);
+
+/// Writes the path of a product's file.
+void printFile(const std::wstring& path);
 
 /// Rows of text below a heading, their columns aligned.
 class Table {

@@ -4,20 +4,15 @@
 #include <stdexcept>
 #include <utility>
 
+#include "simulator/data/text.h"
+
 namespace sim {
-namespace {
 
-std::string upperCase(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) {
-    if (c >= 'a' && c <= 'z') {
-      c = static_cast<char>(c - 'a' + 'A');
-    }
-  }
-  return result;
+bool isMember(const Account& account, std::string_view group) {
+  return std::ranges::any_of(account.groups, [&](const Group& member) {
+    return upperCase(member.name) == upperCase(group);
+  });
 }
-
-}  // namespace
 
 Account demoAccount() {
   Account account;

@@ -22,6 +22,9 @@ struct Account {
   std::vector<Group> groups;
 };
 
+// The group's name is compared without regard to case.
+bool isMember(const Account& account, std::string_view group);
+
 // The account that every service has: user DEMO, password demo-pilot.
 Account demoAccount();
 

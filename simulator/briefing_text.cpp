@@ -42,6 +42,13 @@ void BriefingText::message(std::string_view text) {
   }
 }
 
+void BriefingText::weather(const Location& location) {
+  subheading("AERODROME FORECAST");
+  message(taf(location, period_.from, period_.till));
+  subheading("AERODROME REPORT");
+  message(metar(location, now_));
+}
+
 void BriefingText::notams(std::string_view code) {
   subheading("NOTAM " + std::string(code));
   bool any = false;

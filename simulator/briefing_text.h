@@ -21,6 +21,9 @@ class BriefingText {
   // A message, or "NIL" when it is empty, indented by two blanks.
   void message(std::string_view text);
 
+  // Forecast and report of an aerodrome.
+  void weather(const Location& location);
+
   // The NOTAMs of a location or flight information region that touch the period.
   void notams(std::string_view code);
   void headOfficeNotams();

@@ -56,6 +56,7 @@ std::string answerName(std::string_view requestElement) {
 Dispatcher::Dispatcher(const Options& options)
     : schemaNamespace_(options.schemaNamespace), schema_(options.schemaNamespace) {
   state_.fixedNow = options.now;
+  state_.strict = options.strict;
   state_.accounts.add(demoAccount());
   for (const Account& account : options.accounts) {
     state_.accounts.add(account);

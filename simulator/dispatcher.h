@@ -12,8 +12,9 @@
 namespace sim {
 
 // Turns a request into its answer. What is wrong with a request is answered as a SOAP fault with
-// status 200, as NAIPS clients read no fault from any other; paths, methods and content types that
-// are none of the service's get the HTTP status.
+// status 200, as NAIPS clients read no fault from any other: a bare briefing period, posted without
+// a request element around it, too, since it names no operation and no account. Paths, methods and
+// content types that are none of the service's get the HTTP status.
 class Dispatcher {
  public:
   explicit Dispatcher(const Options& options);

@@ -62,6 +62,9 @@ void declareOptions(CLI::App& app, Settings& settings) {
   app.add_option("--now", settings.now,
                  "Answer as at this time, such as 2026-11-20T06:00:00Z (default: the clock, cut "
                  "to the half-hour)");
+  app.add_flag("--strict", settings.options.strict,
+               "Refuse unknown places, departures in the past, flights without stages or aircraft "
+               "and foreign groups");
   app.footer(faultList());
 }
 

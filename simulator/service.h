@@ -33,7 +33,10 @@ struct Options {
   Certificate certificate = Certificate::valid;
   std::string fault;                            // as Service::setFault
   std::optional<std::chrono::sys_seconds> now;  // empty: the clock, cut to the half-hour
-  std::size_t keptRequests = 1000;              // older ones are forgotten
+  // Refuses what a real service would: unknown places, departures in the past, flights without
+  // stages or aircraft, groups that the account is not in. Otherwise answers as far as it can.
+  bool strict = false;
+  std::size_t keptRequests = 1000;  // older ones are forgotten
   // Whether a client may steer the service by posting to /control/fault (sets the fault that the
   // body names), /control/count and /control/last (answer how many requests came, and the last).
   bool control = false;

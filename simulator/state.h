@@ -4,7 +4,9 @@
 #include <optional>
 
 #include "simulator/account.h"
+#include "simulator/bulletin.h"
 #include "simulator/chart_store.h"
+#include "simulator/filed_flight.h"
 
 namespace sim {
 
@@ -12,7 +14,10 @@ namespace sim {
 struct State {
   AccountStore accounts;
   ChartStore charts;
+  BulletinStore bulletins;
+  FlightStore flights;
   std::optional<std::chrono::sys_seconds> fixedNow;
+  bool strict = false;  // as Options::strict
 
   // The time that answers are made for.
   std::chrono::sys_seconds now() const;

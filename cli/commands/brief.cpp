@@ -67,13 +67,6 @@ void setMessageType(FlagWord& word, std::wstring_view type) {
   word.setFlag(found->second, true);
 }
 
-template <class Request>
-Run submitting(std::shared_ptr<Request> request) {
-  return [request = std::move(request)](Session& session) {
-    session.submit(*request, briefingFields, printBriefing);
-  };
-}
-
 const Registered area({"brief", "area", "Briefing for up to 5 forecast areas",
                        [](CLI::App& app) -> Run {
                          const auto request = std::make_shared<AreaBriefingRqs>();
@@ -82,7 +75,7 @@ const Registered area({"brief", "area", "Briefing for up to 5 forecast areas",
                          })->required();
                          addFlags(app, areaFlags, *request);
                          addPeriod(app, request->briefingReq());
-                         return submitting(request);
+                         return briefing(request);
                        }});
 
 const Registered location({"brief", "location", "Briefing for up to 12 locations",
@@ -93,7 +86,7 @@ const Registered location({"brief", "location", "Briefing for up to 12 locations
                              })->required();
                              addFlags(app, locationFlags, *request);
                              addPeriod(app, request->briefingReq());
-                             return submitting(request);
+                             return briefing(request);
                            }});
 
 const Registered met({"brief", "met", "MET messages for up to 4 locations",
@@ -106,14 +99,14 @@ const Registered met({"brief", "met", "MET messages for up to 4 locations",
                                  "TAF, TTF, METAR, SPECI, AQNH, SIGMET, AIRMET or ATIS; repeatable",
                                  [=](auto text) { setMessageType(*request, text); });
                         addPeriod(app, request->briefingReq());
-                        return submitting(request);
+                        return briefing(request);
                       }});
 
 const Registered plainBriefing({"brief", "plain", "Briefing for a period alone",
                                 [](CLI::App& app) -> Run {
                                   const auto request = std::make_shared<BriefingRequest>();
                                   addPeriod(app, *request);
-                                  return submitting(request);
+                                  return briefing(request);
                                 }});
 
 }  // namespace

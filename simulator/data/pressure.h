@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "simulator/data/geodesy.h"
 #include "simulator/data/time.h"
 
 namespace sim {
@@ -16,11 +17,6 @@ struct Gradient {
   double north;
 };
 Gradient pressureGradient(double latitude, double longitude, TimePoint time);
-
-struct GeoPoint {
-  double latitude;
-  double longitude;
-};
 
 // A low of the Southern Ocean with its fronts.
 struct FrontalLow {

@@ -55,17 +55,6 @@ std::string titleOf(std::string_view code, std::string_view name) {
   return std::string(code) + ' ' + std::string(name);
 }
 
-void writeWeather(BriefingText& text, const Location& location) {
-  text.subheading("AERODROME FORECAST");
-  text.message(taf(location, text.period().from, text.period().till));
-  text.subheading("AERODROME REPORT");
-  text.message(metar(location, text.now()));
-}
-
-ChartRequest chart(std::string title, std::string kind, const BriefingPeriod& period) {
-  return {std::move(title), std::move(kind), false, period.from};
-}
-
 void locationBriefing(const Call& call, Element& answer, ChartStore& charts) {
   const BriefingPeriod period = briefingPeriod(call);
   const std::vector<const Location*> locations = requestedLocations(call);
@@ -74,7 +63,7 @@ void locationBriefing(const Call& call, Element& answer, ChartStore& charts) {
   for (const Location* location : locations) {
     text.heading(titleOf(location->code, location->name));
     if (flags.flag("met")) {
-      writeWeather(text, *location);
+      text.weather(*location);
     }
     if (flags.flag("ntm")) {
       text.notams(location->code);
@@ -87,7 +76,7 @@ void locationBriefing(const Call& call, Element& answer, ChartStore& charts) {
     text.headOfficeNotams();
   }
   answer.add("content", text.take());
-  addProduct(answer, charts, "PNG", chart("SIGNIFICANT WEATHER", "SIGWX", period));
+  addProduct(answer, charts, "PNG", {"SIGNIFICANT WEATHER", "SIGWX", false, period.from});
 }
 
 void writeArea(BriefingText& text, const ForecastArea& area) {
@@ -106,24 +95,6 @@ void writeAreaNotams(BriefingText& text, const ForecastArea& area) {
   text.notams(firOf(area));
   for (const std::string_view code : area.locationCodes) {
     text.notams(code);
-  }
-}
-
-void addAreaCharts(Element& answer, ChartStore& charts, const XmlView& flags,
-                   const BriefingPeriod& period) {
-  const bool high = flags.attribute("variant") == "HI";
-  if (flags.flag("charts")) {
-    addProduct(answer, charts, "PNG", chart("MEAN SEA LEVEL PRESSURE", "MSLP", period));
-    // NAIPS reports some of its PNG files as GIF.
-    addProduct(answer, charts, "GIF",
-               chart(high ? "SIGNIFICANT WEATHER ABOVE FL250" : "SIGNIFICANT WEATHER BELOW FL250",
-                     "SIGWX", period));
-  }
-  if (flags.flag("mid-sigwx-gpwt")) {
-    addProduct(answer, charts, "PNG", chart("SIGNIFICANT WEATHER FL100 TO FL250", "SIGWX", period));
-    addProduct(
-        answer, charts, "PNG",
-        chart(high ? "WIND AND TEMPERATURE FL340" : "WIND AND TEMPERATURE FL100", "GPWT", period));
   }
 }
 
@@ -148,7 +119,9 @@ void areaBriefing(const Call& call, Element& answer, ChartStore& charts) {
     text.headOfficeNotams();
   }
   answer.add("content", text.take());
-  addAreaCharts(answer, charts, flags, period);
+  addBriefingCharts(answer, charts,
+                    {flags.flag("charts"), flags.flag("mid-sigwx-gpwt"),
+                     flags.attribute("variant") == "HI", period.from});
 }
 
 std::string metMessage(std::string_view type, const Location& location, const BriefingText& text) {

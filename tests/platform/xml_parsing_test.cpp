@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/dom_limits.h"
+#include "tests/support/platform_expectations.h"
 
 namespace ktpnaips {
 namespace {
@@ -93,7 +93,7 @@ TEST(XmlParsing, RefusesWhatIsNotWellFormed) {
 
 TEST(XmlParsing, RefusesAPrefixThatIsNotDeclaredWhereTheDomDoes) {
   for (const char* text : {"<p:a/>", "<a p:b=''/>"}) {
-    EXPECT_NE(bool(Document::parse(text)), test::domLimits().refusesUndeclaredPrefixes) << text;
+    EXPECT_NE(bool(Document::parse(text)), test::expectations().refusesUndeclaredPrefixes) << text;
   }
 }
 
@@ -106,7 +106,7 @@ TEST(XmlParsing, RefusesATextThatBreaksOffAnywhere) {
 
 TEST(XmlParsing, SaysTheLineTheColumnAndTheReason) {
   const ParseFailure failure = failureOf("<a>\n<b>\n</c></a>");
-  if (test::domLimits().tellsWhereParsingStopped) {
+  if (test::expectations().tellsWhereParsingStopped) {
     EXPECT_EQ(failure.line, 3);
     EXPECT_GT(failure.column, 0);
   } else {
@@ -216,7 +216,7 @@ TEST(XmlParsing, TakesAsLongATextAsTheDomDoes) {
   constexpr std::size_t lines = 500'000;
   const std::string line = "A line of sixty characters and then its end, as CR and LF.\r\n";
   const std::string text = "<a>" + repeated(line, lines) + "</a>";
-  if (text.size() > test::domLimits().textBytes) {
+  if (text.size() > test::expectations().longestText) {
     failureOf(text);
     return;
   }
@@ -228,7 +228,7 @@ TEST(XmlParsing, TakesAsLongATextAsTheDomDoes) {
 TEST(XmlParsing, TakesAsDeepANestingAsTheDomDoes) {
   constexpr std::size_t levels = 100'000;
   const std::string text = repeated("<a>", levels) + "x" + repeated("</a>", levels);
-  if (levels > test::domLimits().levels) {
+  if (levels > test::expectations().mostLevels) {
     failureOf(text);
     return;
   }

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "tests/simulator/requests.h"
 #include "tests/simulator/service_fixture.h"
 
 namespace simtest {
@@ -71,6 +72,50 @@ TEST_F(Authentication, FaultsOnAChildElementOrAnUnknownAttribute) {
               HasSubstr("Element content is not allowed"));
   EXPECT_THAT(authenticate("source='x' requestor='DEMO' password='p' color='red'"),
               HasSubstr("The attribute 'color' is not allowed."));
+}
+
+class Password : public ServiceTest {
+ protected:
+  std::string change(std::string_view password, std::string_view email) {
+    return answer(path, request("change-password-rqs",
+                                element("new-password", password) + element("email", email)));
+  }
+  std::string login(std::string_view password) {
+    std::string text = "<ndd:authenticate-rqs source='x' requestor='DEMO' password='";
+    return answer(path, text.append(password).append("'/>"));
+  }
+};
+
+TEST_F(Password, IsTheNewOneOnceItWasChanged) {
+  EXPECT_THAT(change("next one", "new@pilot.example"), HasSubstr("<naips:change-password-rsp"));
+  EXPECT_THAT(login("demo-pilot"), HasSubstr("status=\"FAILURE\""));
+  const std::string text = login("next one");
+  EXPECT_THAT(text, HasSubstr("status=\"SUCCESS\""));
+  EXPECT_THAT(text, HasSubstr("<naips:email>new@pilot.example</naips:email>"));
+}
+
+TEST_F(Password, IsChangedWithoutTheAddressWhenThatIsEmpty) {
+  EXPECT_THAT(change("next", ""), HasSubstr("status=\"SUCCESS\""));
+  EXPECT_THAT(login("next"), HasSubstr("<naips:email>demo@pilot.example</naips:email>"));
+}
+
+TEST_F(Password, IsNeverEmpty) {
+  EXPECT_THAT(change("", ""), HasSubstr("<naips:info>The new password is empty</naips:info>"));
+  EXPECT_THAT(login("demo-pilot"), HasSubstr("status=\"SUCCESS\""));
+}
+
+class GroupAffiliation : public ServiceTest {};
+
+TEST_F(GroupAffiliation, TellsTheGroupsAndWhetherTheyAreManaged) {
+  EXPECT_THAT(answer(path, request("get-group-affiliation-rqs", "")),
+              HasSubstr("<naips:group manager=\"true\"><naips:group-name>CLUB</naips:group-name>"
+                        "</naips:group><naips:group manager=\"false\"><naips:group-name>RESCUE"
+                        "</naips:group-name></naips:group></naips:get-group-affiliation-rsp>"));
+}
+
+TEST_F(GroupAffiliation, FaultsOnAnyContent) {
+  EXPECT_THAT(answer(path, request("get-group-affiliation-rqs", "<ndd:group/>")),
+              HasSubstr("Element content is not allowed"));
 }
 
 TEST(AccountText, IsUserAndPasswordAroundTheFirstColon) {

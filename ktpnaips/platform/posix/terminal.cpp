@@ -43,9 +43,13 @@ std::vector<std::string> arguments(int argc, char** argv) {
   return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-bool canAsk() { return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0; }
+bool canAsk() {
+  return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
+}
 
-bool isOutput() { return isatty(STDOUT_FILENO) != 0; }
+bool isOutput() {
+  return isatty(STDOUT_FILENO) != 0;
+}
 
 std::size_t columns() {
   winsize size{};

@@ -293,8 +293,7 @@ void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
 std::string Node::serialise() const {
   SharedDocument& owner = NodeAccess::owner(*this);
   if (owner.hasForbiddenCharacters) {
-    throw RuntimeFault(fault::invalidCall,
-                       L"The document holds a character that XML does not allow.");
+    throw RuntimeFault(fault::invalidCall);
   }
   const std::unique_ptr<xmlBuffer, FreeWith<xmlBufferFree>> buffer(made(xmlBufferCreate()));
   const xmlNodePtr node = contentRoot(NodeAccess::raw(*this));

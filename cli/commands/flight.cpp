@@ -1,0 +1,102 @@
+#include "cli/arguments.h"
+#include "cli/command.h"
+#include "cli/error_text.h"
+#include "cli/notification_files.h"
+#include "cli/property_output.h"
+#include "cli/text_output.h"
+
+#include <ktpnaips/notification/filing.h>
+#include <ktpnaips/notification/notification_directory.h>
+
+#include <memory>
+#include <string>
+
+namespace cli {
+namespace {
+
+using ktpnaips::ActiveFlightNotifDetails;
+using ktpnaips::ActiveFlightNotifDirRqs;
+using ktpnaips::SubmitICAOFlightNotifRqs;
+using ktpnaips::SubmitICAOFlightNotifRsp;
+using ktpnaips::SubmitSARTimeNotifRqs;
+using ktpnaips::SubmitSARTimeNotifRsp;
+
+constexpr Shown<ActiveFlightNotifDetails> notification[] = {
+    {"OwnerId", "OWNER", valueOf<&ActiveFlightNotifDetails::OwnerId>},
+    {"Route", "ROUTE", valueOf<&ActiveFlightNotifDetails::Route>, true},
+    {"Aircraft", "AIRCRAFT", valueOf<&ActiveFlightNotifDetails::Aircraft>},
+    {"DTG", "FILED", valueOf<&ActiveFlightNotifDetails::DTG>},
+    {"GroupId", "GROUP", valueOf<&ActiveFlightNotifDetails::GroupId>},
+    {"Id", "ID", valueOf<&ActiveFlightNotifDetails::Id>}};
+
+void planFields(const SubmitICAOFlightNotifRsp& response, Json& json) {
+  setItems(json, response, jsonText);
+}
+
+void printPlans(const SubmitICAOFlightNotifRsp& response) {
+  printLine("The flight notification has been filed.");
+  for (const auto& text : response) {
+    printLine();
+    printText(text);
+  }
+}
+
+void sarTimeFields(const SubmitSARTimeNotifRsp& response, Json& json) {
+  json["NotifText"] = jsonText(response.NotifText());
+}
+
+void printSarTime(const SubmitSARTimeNotifRsp& response) {
+  printLine("The SARTime notification has been filed.");
+  printLine();
+  printText(response.NotifText());
+}
+
+/// Submits a notification. Without a verdict nobody knows whether it stands at the service.
+template <class Request, class Fields, class Print>
+void file(Session& session, Request& request, Fields fields, Print print) {
+  const auto response = session.submit(request, fields, print);
+  if (response == nullptr || !response->Error()) return;
+  if (!mayHaveBeenDone(errorText(response.get()))) return;
+  complain(
+      "The notification may or may not have been filed: see \"naips flight list\" for the active "
+      "ones before filing it again.");
+}
+
+const Registered fileIcao({"flight", "file", "File an ICAO flight notification",
+                           [](CLI::App& app) -> Run {
+                             const auto request = std::make_shared<SubmitICAOFlightNotifRqs>();
+                             addRequestFile(app, [=](const std::string& name) {
+                               request->Notification(readIcaoFile(name));
+                             });
+                             addGroup(app, request);
+                             addFlag(app, "--ignore-type-mismatch",
+                                     "Accept an aircraft type that is not the registration's",
+                                     [=] { request->IgnoreTypeMismatch(true); });
+                             return [=](Session& session) {
+                               file(session, *request, planFields, printPlans);
+                             };
+                           }});
+
+const Registered fileSarTime({"flight", "sartime", "File a SARTime notification",
+                              [](CLI::App& app) -> Run {
+                                const auto request = std::make_shared<SubmitSARTimeNotifRqs>();
+                                addRequestFile(app, [=](const std::string& name) {
+                                  request->Notification(readSarTimeFile(name));
+                                });
+                                addGroup(app, request);
+                                return [=](Session& session) {
+                                  file(session, *request, sarTimeFields, printSarTime);
+                                };
+                              }});
+
+const Registered list({"flight", "list", "List the active flight notifications",
+                       [](CLI::App& app) -> Run {
+                         const auto request = std::make_shared<ActiveFlightNotifDirRqs>();
+                         addText(app, "--aircraft", "Of this aircraft only",
+                                 [=](auto text) { request->Aircraft(text); });
+                         addGroup(app, request);
+                         return listing(request, notification);
+                       }});
+
+}  // namespace
+}  // namespace cli

@@ -1,0 +1,34 @@
+#include "cli/notification_files.h"
+#include "cli/notification_keys.h"
+
+namespace cli {
+
+using ktpnaips::SARTimeFlightNotif;
+using Stage = ktpnaips::SARTimeFlightNotifStage;
+
+template <>
+struct Keys<Stage> {
+  static constexpr Key<Stage> all[] = {{"AltDestination", set<&Stage::AltDestination>},
+                                       {"Depart", set<&Stage::Depart>},
+                                       {"Destination", set<&Stage::Destination>},
+                                       {"ETD", set<&Stage::ETD>},
+                                       {"Locations", addEach<&Stage::Add>}};
+};
+
+template <>
+struct Keys<SARTimeFlightNotif> {
+  using Notif = SARTimeFlightNotif;
+  static constexpr Key<Notif> all[] = {
+      {"Aircraft", set<&Notif::Aircraft>}, {"AircraftType", set<&Notif::AircraftType>},
+      {"Remarks", set<&Notif::Remarks>},   {"Endurance", set<&Notif::Endurance>},
+      {"POB", set<&Notif::POB>},           {"flags", flags<Notif>},
+      {"Pilot", set<&Notif::Pilot>},       {"SarTimeInfo", set<&Notif::SarTimeInfo>},
+      {"Stages", addEach<&Notif::Add>},
+  };
+};
+
+std::shared_ptr<SARTimeFlightNotif> readSarTimeFile(const std::string& file) {
+  return readObject<SARTimeFlightNotif>(file);
+}
+
+}  // namespace cli

@@ -1,0 +1,165 @@
+#include <ktpnaips/platform/http.h>
+
+#include <ktpnaips/platform/text.h>
+#include <ktpnaips/platform/windows/proxy_account.h>
+#include <ktpnaips/platform/windows/system_text.h>
+
+#include <windows.h>
+
+#include <wininet.h>
+
+#include <array>
+#include <charconv>
+#include <system_error>
+#include <utility>
+
+namespace ktpnaips::http {
+namespace {
+
+class InternetHandle {
+ public:
+  InternetHandle() noexcept = default;
+  InternetHandle(const InternetHandle&) = delete;
+  InternetHandle& operator=(const InternetHandle&) = delete;
+  ~InternetHandle() { close(); }
+  /// Takes over what a call opened; returns 0, or the call's error when it failed.
+  ErrorCode open(HINTERNET handle) noexcept {
+    close();
+    handle_ = handle;
+    return handle != nullptr ? ERROR_SUCCESS : GetLastError();
+  }
+  [[nodiscard]] HINTERNET get() const noexcept { return handle_; }
+
+ private:
+  void close() noexcept {
+    if (handle_ != nullptr) InternetCloseHandle(std::exchange(handle_, nullptr));
+  }
+
+  HINTERNET handle_ = nullptr;
+};
+
+struct Target {
+  std::string host;
+  std::uint16_t port = 0;
+};
+
+/// The parts of "address:port"; an address in brackets keeps them.
+bool readTarget(const std::string& address, Target& target) {
+  const auto colon = address.rfind(':');
+  if (colon == std::string::npos || colon == 0) return false;
+  const char* end = address.data() + address.size();
+  const auto [stop, failure] = std::from_chars(address.data() + colon + 1, end, target.port);
+  target.host = address.substr(0, colon);
+  return failure == std::errc() && stop == end && target.port != 0;
+}
+
+HINTERNET newSession(const std::string& agent, DWORD accessType) {
+  return InternetOpenA(agent.c_str(), accessType, nullptr, nullptr, 0);
+}
+
+constexpr DWORD addOrReplace = HTTP_ADDREQ_FLAG_ADD | HTTP_ADDREQ_FLAG_REPLACE;
+
+void addLines(HINTERNET request, std::string_view lines) {
+  HttpAddRequestHeadersA(request, lines.data(), static_cast<DWORD>(lines.size()), addOrReplace);
+}
+
+}  // namespace
+
+/// In the order of opening: they are closed the other way round.
+struct Exchange::Handles {
+  InternetHandle session;
+  InternetHandle connection;
+  InternetHandle request;
+  std::string agent;
+  std::string host;
+  std::string hostHeader;  // when the connection goes elsewhere than to the host
+};
+
+Exchange::Exchange() : handles_(std::make_unique<Handles>()) {}
+
+Exchange::~Exchange() = default;
+
+ErrorCode Exchange::openSession(std::string_view agent) {
+  handles_->agent = agent;
+  return handles_->session.open(newSession(handles_->agent, INTERNET_OPEN_TYPE_PRECONFIG));
+}
+
+ErrorCode Exchange::connect(std::wstring_view host, std::uint16_t port, const Route& route) {
+  Target target{toAnsi(host), port};
+  if (target.host.empty()) return ERROR_INVALID_PARAMETER;
+  handles_->host = target.host;
+  if (!route.connectTo.empty()) {
+    handles_->hostHeader = "Host: " + target.host + "\r\n";
+    if (!readTarget(toAnsi(route.connectTo), target)) return ERROR_INTERNET_INVALID_URL;
+    const ErrorCode error =
+        handles_->session.open(newSession(handles_->agent, INTERNET_OPEN_TYPE_DIRECT));
+    if (error != ERROR_SUCCESS) return error;
+  }
+  return handles_->connection.open(InternetConnectA(handles_->session.get(), target.host.c_str(),
+                                                    target.port, nullptr, nullptr,
+                                                    INTERNET_SERVICE_HTTP, 0, 0));
+}
+
+ErrorCode Exchange::openRequest(std::string_view verb, std::wstring_view path,
+                                std::uint32_t flags) {
+  const ErrorCode error = handles_->request.open(
+      HttpOpenRequestA(handles_->connection.get(), std::string(verb).c_str(), toAnsi(path).c_str(),
+                       "HTTP/1.1", nullptr, nullptr, flags, 0));
+  if (error == ERROR_SUCCESS && !handles_->hostHeader.empty()) {
+    addLines(handles_->request.get(), handles_->hostHeader);
+  }
+  return error;
+}
+
+void Exchange::addHeaders(std::string_view lines) {
+  addLines(handles_->request.get(), lines);
+}
+
+void Exchange::setTimeout(Timeout which, std::uint32_t milliseconds) {
+  DWORD time = milliseconds;
+  InternetSetOptionA(handles_->request.get(), static_cast<DWORD>(which), &time, sizeof time);
+}
+
+ErrorCode Exchange::send(std::string_view body) {
+  // The call takes the body as what it could change, but does not.
+  void* const bytes =
+      const_cast<char*>(body.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+  const BOOL sent =
+      HttpSendRequestA(handles_->request.get(), nullptr, 0, bytes, static_cast<DWORD>(body.size()));
+  return sent != 0 ? ERROR_SUCCESS : GetLastError();
+}
+
+std::optional<std::string> Exchange::query(Info what) const {
+  std::array<char, longestQueryValue + 1> buffer{};
+  auto length = static_cast<DWORD>(buffer.size());
+  DWORD index = 0;
+  if (HttpQueryInfoA(handles_->request.get(), static_cast<DWORD>(what), buffer.data(), &length,
+                     &index) == 0) {
+    return std::nullopt;
+  }
+  return std::string(buffer.data(), length);
+}
+
+bool Exchange::logInToProxy() {
+  const HINTERNET request = handles_->request.get();
+  if (hasProxyLogIn()) return setProxyAccount(handles_->session.get(), request, handles_->host);
+  return InternetErrorDlg(GetDesktopWindow(), request, ERROR_INTERNET_INCORRECT_PASSWORD,
+                          FLAGS_ERROR_UI_FILTER_FOR_ERRORS | FLAGS_ERROR_UI_FLAGS_CHANGE_OPTIONS |
+                              FLAGS_ERROR_UI_FLAGS_GENERATE_DATA,
+                          nullptr) == ERROR_INTERNET_FORCE_RETRY;
+}
+
+std::optional<std::size_t> Exchange::read(char* buffer, std::size_t size) {
+  DWORD length = 0;
+  if (InternetReadFile(handles_->request.get(), buffer, static_cast<DWORD>(size), &length) == 0) {
+    return std::nullopt;
+  }
+  return length;
+}
+
+std::wstring errorMessage(ErrorCode code) {
+  return systemText(FORMAT_MESSAGE_FROM_HMODULE | FORMAT_MESSAGE_FROM_SYSTEM,
+                    GetModuleHandleA("wininet.dll"), code);
+}
+
+}  // namespace ktpnaips::http

@@ -1,0 +1,189 @@
+#include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/spfib/spfib_route.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/fault.h"
+#include "tests/support/parts.h"
+
+namespace ktpnaips {
+namespace {
+
+using test::faultOf;
+using test::part;
+using test::written;
+
+std::shared_ptr<Point> named(const wchar_t* name) {
+  return std::make_shared<NamedPoint>(name);
+}
+
+TEST(BulletinRoute, WritesNothingAtFirst) {
+  const SPFIBRoute route;
+  EXPECT_EQ(route.RouteCode(), L"");
+  EXPECT_EQ(route.Count(), 0);
+  EXPECT_EQ(written(route), test::nothingWritten);
+}
+
+TEST(BulletinRoute, WritesItsCodeInPlaceOfItsPoints) {
+  SPFIBRoute route;
+  route.addNamed(L"wol");
+  route.addNamed(L"corda");
+  route.addNamed(L"lizzi");
+  route.RouteCode(L" h1 ");
+  EXPECT_EQ(route.RouteCode(), L"H1");
+  EXPECT_EQ(route.Count(), 3);
+  EXPECT_EQ(written(route), part("<ndd:route><ndd:route-id>H1</ndd:route-id></ndd:route>"));
+  route.RouteCode(L"  ");
+  EXPECT_EQ(written(route),
+            part("<ndd:route><ndd:waypoints><ndd:loc>WOL</ndd:loc></ndd:waypoints>"
+                 "<ndd:waypoints><ndd:loc>CORDA</ndd:loc></ndd:waypoints>"
+                 "<ndd:waypoints><ndd:loc>LIZZI</ndd:loc></ndd:waypoints></ndd:route>"));
+}
+
+TEST(BulletinRoute, WritesItsCodeWithoutPoints) {
+  SPFIBRoute route;
+  route.RouteCode(L"h  1");
+  EXPECT_EQ(written(route), part("<ndd:route><ndd:route-id>H  1</ndd:route-id></ndd:route>"));
+}
+
+TEST(BulletinRoute, WritesEachPointIntoAnElementOfItsOwn) {
+  SPFIBRoute route;
+  route.addNamed(L" wol ");
+  route.addLatLon(-33.8667, 151.2);
+  route.addBearingDistance(L" sy ", 45, 25);
+  EXPECT_EQ(written(route),
+            part("<ndd:route><ndd:waypoints><ndd:loc>WOL</ndd:loc></ndd:waypoints>"
+                 "<ndd:waypoints><ndd:coord><ndd:lat>-33.866700</ndd:lat>"
+                 "<ndd:long>151.200000</ndd:long></ndd:coord></ndd:waypoints>"
+                 "<ndd:waypoints><ndd:bear-dist><ndd:loc>SY</ndd:loc><ndd:bear>45</ndd:bear>"
+                 "<ndd:dist>025</ndd:dist></ndd:bear-dist></ndd:waypoints></ndd:route>"));
+}
+
+TEST(BulletinRoute, LeavesTheElementOfAnInvalidPointEmpty) {
+  SPFIBRoute route;
+  route.addLatLon(91, 0);
+  route.addBearingDistance(L"sy", 360, 25);
+  route.addNamed(L"");
+  EXPECT_EQ(route.Count(), 3);
+  EXPECT_EQ(written(route),
+            part("<ndd:route><ndd:waypoints/><ndd:waypoints/><ndd:waypoints/></ndd:route>"));
+}
+
+TEST(BulletinRoute, AddsThePointThatADesignatorGives) {
+  SPFIBRoute route;
+  route.addNamed(L"SY045025");
+  route.addNamed(L"YSSY");
+  EXPECT_NE(std::dynamic_pointer_cast<BearingDistPoint>(route.Item(1)), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<NamedPoint>(route.Item(2)), nullptr);
+}
+
+TEST(BulletinRoute, CountsItsPointsFromOneInTheOrderAdded) {
+  SPFIBRoute route;
+  const auto first = named(L"a");
+  const auto second = named(L"b");
+  route.Add(first);
+  route.Add(second);
+  route.Add(first);
+  EXPECT_EQ(route.Count(), 3);
+  EXPECT_EQ(route.Item(1), first);
+  EXPECT_EQ(route.Item(2), second);
+  EXPECT_EQ(route.Item(3), first);
+  EXPECT_EQ(std::vector<std::shared_ptr<Point>>(route.begin(), route.end()),
+            (std::vector<std::shared_ptr<Point>>{first, second, first}));
+}
+
+TEST(BulletinRoute, FaultsAtAnIndexOutsideOneToCount) {
+  SPFIBRoute route;
+  route.addNamed(L"a");
+  for (const std::int32_t index : {0, 2, -1, std::numeric_limits<std::int32_t>::max(),
+                                   std::numeric_limits<std::int32_t>::min()}) {
+    EXPECT_EQ(faultOf([&] { (void)route.Item(index); }), fault::subscriptOutOfRange);
+    EXPECT_EQ(faultOf([&] { route.Remove(index); }), fault::subscriptOutOfRange);
+  }
+  EXPECT_EQ(route.Count(), 1);
+}
+
+TEST(BulletinRoute, GivesPointsByTheirKeysWhateverTheirCase) {
+  SPFIBRoute route;
+  const auto first = named(L"a");
+  const auto second = named(L"b");
+  route.Add(first, L"Start");
+  route.Add(named(L"c"));
+  route.Add(second, L"end");
+  EXPECT_EQ(route.Item(L"Start"), first);
+  EXPECT_EQ(route.Item(L"sTART"), first);
+  EXPECT_EQ(route.Item(L"END"), second);
+  EXPECT_EQ(route.Item(3), second);
+  EXPECT_EQ(route.Count(), 3);
+}
+
+TEST(BulletinRoute, FaultsAtAnUnknownKey) {
+  SPFIBRoute route;
+  route.Add(named(L"a"), L"start");
+  route.Add(named(L"b"));
+  for (const wchar_t* key : {L"end", L"star", L" start", L"1", L"b"}) {
+    EXPECT_EQ(faultOf([&] { (void)route.Item(key); }), fault::invalidCall);
+    EXPECT_EQ(faultOf([&] { route.Remove(key); }), fault::invalidCall);
+  }
+  EXPECT_EQ(route.Count(), 2);
+}
+
+TEST(BulletinRoute, FaultsAtASecondPointUnderTheSameKey) {
+  SPFIBRoute route;
+  const auto first = named(L"a");
+  route.Add(first, L"start");
+  EXPECT_EQ(faultOf([&] { route.Add(named(L"b"), L"start"); }), fault::duplicateKey);
+  EXPECT_EQ(faultOf([&] { route.Add(named(L"b"), L"START"); }), fault::duplicateKey);
+  EXPECT_EQ(route.Count(), 1);
+  EXPECT_EQ(route.Item(L"start"), first);
+}
+
+TEST(BulletinRoute, RemovesByIndexAndByKey) {
+  SPFIBRoute route;
+  const auto second = named(L"b");
+  const auto third = named(L"c");
+  const auto fourth = named(L"d");
+  route.Add(named(L"a"));
+  route.Add(second, L"two");
+  route.Add(third, L"three");
+  route.Add(fourth, L"four");
+  route.Remove(1);
+  EXPECT_EQ(route.Item(1), second);
+  EXPECT_EQ(route.Item(L"three"), third);
+  route.Remove(L"Three");
+  EXPECT_EQ(route.Count(), 2);
+  EXPECT_EQ(route.Item(2), fourth);
+  EXPECT_EQ(route.Item(L"four"), fourth);
+  EXPECT_EQ(faultOf([&] { (void)route.Item(L"three"); }), fault::invalidCall);
+  route.Add(third, L"three");
+  EXPECT_EQ(route.Item(3), third);
+}
+
+TEST(BulletinRoute, ForgetsItsPointsAndKeysButNotItsCodeWhenItIsCleared) {
+  SPFIBRoute route;
+  route.RouteCode(L"h1");
+  route.Add(named(L"a"), L"start");
+  route.Clear();
+  EXPECT_EQ(route.Count(), 0);
+  EXPECT_EQ(route.begin(), route.end());
+  EXPECT_EQ(route.RouteCode(), L"H1");
+  EXPECT_EQ(faultOf([&] { route.Add(named(L"b"), L"start"); }), 0);
+  EXPECT_EQ(route.Count(), 1);
+}
+
+TEST(BulletinRoute, FaultsAtAPointThatIsNoObjectWithoutAHandler) {
+  SPFIBRoute route;
+  route.addNamed(L"a");
+  route.Add(nullptr);
+  EXPECT_EQ(route.Count(), 2);
+  EXPECT_EQ(faultOf([&] { (void)written(route); }), fault::objectNotSet);
+}
+
+}  // namespace
+}  // namespace ktpnaips
