@@ -25,8 +25,9 @@ std::string maskedBetween(std::string_view text, std::string_view open, std::str
 }  // namespace
 
 std::string masked(std::string_view document) {
-  const std::string attributeMasked = maskedBetween(document, " password=\"", "\"");
-  return maskedBetween(attributeMasked, "<ndd:new-password>", "</ndd:new-password>");
+  // The element's text may look like the attribute; the attribute's value has no "<".
+  const std::string text = maskedBetween(document, "<ndd:new-password>", "</ndd:new-password>");
+  return maskedBetween(text, " password=\"", "\"");
 }
 
 }  // namespace cli

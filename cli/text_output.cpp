@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t labelWidth = 14;
 
 void write(std::string_view text) {
+  if (text.empty()) return;
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
 

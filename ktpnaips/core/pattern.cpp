@@ -2,6 +2,8 @@
 
 #include <boost/regex.hpp>
 
+#include <memory>
+
 namespace ktpnaips {
 
 struct Pattern::Compiled {
@@ -19,16 +21,24 @@ std::wstring_view viewOf(const boost::wcsub_match& part) {
 
 }  // namespace
 
-Pattern::Pattern(std::wstring_view expression)
-    : compiled_(std::make_unique<Compiled>(boost::wregex(
-          expression.data(), expression.data() + expression.size(), boost::regex::perl))) {}
+Pattern::~Pattern() {
+  delete compiled_.load();
+}
 
-Pattern::~Pattern() = default;
+const Pattern::Compiled& Pattern::compiled() const {
+  const Compiled* existing = compiled_.load(std::memory_order_acquire);
+  if (existing != nullptr) return *existing;
+  auto made = std::make_unique<const Compiled>(boost::wregex(
+      expression_.data(), expression_.data() + expression_.size(), boost::regex::perl));
+  // Of two threads that compile it at once, the first one's is kept.
+  if (!compiled_.compare_exchange_strong(existing, made.get())) return *existing;
+  return *made.release();
+}
 
 std::vector<std::wstring_view> Pattern::search(std::wstring_view text) const {
   boost::wcmatch match;
   std::vector<std::wstring_view> parts;
-  if (boost::regex_search(text.data(), text.data() + text.size(), match, compiled_->expression,
+  if (boost::regex_search(text.data(), text.data() + text.size(), match, compiled().expression,
                           singleLine)) {
     for (const auto& part : match) parts.push_back(viewOf(part));
   }
@@ -37,7 +47,7 @@ std::vector<std::wstring_view> Pattern::search(std::wstring_view text) const {
 
 std::wstring Pattern::joinedMatches(std::wstring_view text) const {
   std::wstring joined;
-  boost::wcregex_iterator match(text.data(), text.data() + text.size(), compiled_->expression,
+  boost::wcregex_iterator match(text.data(), text.data() + text.size(), compiled().expression,
                                 singleLine);
   for (; match != boost::wcregex_iterator(); ++match) {
     if (!joined.empty()) joined += L' ';

@@ -1,16 +1,18 @@
 #pragma once
 
-#include <memory>
+#include <atomic>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace ktpnaips {
 
-/// A regular expression, compiled once: case-sensitive, `^` and `$` are the ends of the text.
+/// A regular expression: case-sensitive, `^` and `$` are the ends of the text. It is compiled once,
+/// on first use, so that a failure of that belongs to the procedure that uses it.
 class Pattern {
  public:
-  explicit Pattern(std::wstring_view expression);
+  /// `expression` outlives the pattern.
+  explicit Pattern(std::wstring_view expression) noexcept : expression_(expression) {}
   ~Pattern();
   Pattern(const Pattern&) = delete;
   Pattern& operator=(const Pattern&) = delete;
@@ -24,7 +26,10 @@ class Pattern {
 
  private:
   struct Compiled;
-  std::unique_ptr<Compiled> compiled_;
+  [[nodiscard]] const Compiled& compiled() const;
+
+  std::wstring_view expression_;
+  mutable std::atomic<const Compiled*> compiled_ = nullptr;
 };
 
 }  // namespace ktpnaips

@@ -44,6 +44,9 @@ struct SharedDocument {
   std::atomic<long> references{0};
 };
 
+/// Sets libxml2 up, once: it does so itself on first use, but not when two threads are the first.
+void initialiseLibrary();
+
 /// Between handles and libxml2's pointers.
 struct NodeAccess {
   static Node make(SharedDocument* owner, xmlNodePtr node);

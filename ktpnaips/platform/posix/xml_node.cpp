@@ -307,6 +307,7 @@ std::string Node::serialise() const {
 }
 
 Document Document::create() {
+  initialiseLibrary();
   auto owner = std::make_unique<SharedDocument>(Tree(made(xmlNewDoc(asXml("1.0")))));
   return NodeAccess::makeDocument(owner.release());
 }

@@ -24,14 +24,6 @@ void refuseDoctype(void* context, const xmlChar*, const xmlChar*, const xmlChar*
   xmlStopParser(parser);
 }
 
-void initialiseOnce() {
-  static const bool initialised = [] {
-    xmlInitParser();
-    return true;
-  }();
-  static_cast<void>(initialised);
-}
-
 /// True when libxml2 can read the text where it lies: UTF-8 without a declaration that it would
 /// have to look into.
 bool isPlainUtf8(std::string_view text) {
@@ -97,12 +89,20 @@ void describe(xmlParserCtxtPtr parser, ParseFailure& failure) {
 
 }  // namespace
 
+void initialiseLibrary() {
+  static const bool initialised = [] {
+    xmlInitParser();
+    return true;
+  }();
+  static_cast<void>(initialised);
+}
+
 Document Document::parse(const std::string& text, ParseFailure* failure) {
   ParseFailure ignored;
   ParseFailure& why = failure != nullptr ? *failure : ignored;
   why.reason = refusalBeforeParsing(text);
   if (!why.reason.empty()) return {};
-  initialiseOnce();
+  initialiseLibrary();
   const ParserContext parser(made(xmlNewParserCtxt()));
   xmlCtxtUseOptions(parser.get(), options);
   parser->sax->internalSubset = refuseDoctype;
