@@ -134,9 +134,9 @@ Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& pr
   return json;
 }
 
-void Session::showError(const ktpnaips::AbstractResponse* response) const {
+void Session::showError(const ktpnaips::AbstractResponse* response, const std::string& key) const {
   const ErrorText error = errorText(response);
-  complain("naips: " + summaryOf(error.text));
+  complain("naips: " + (key.empty() ? "" : key + ": ") + summaryOf(error.text));
   complain(plain(fromUtf8(error.text)));
   if (options_.trace && !error.trace.empty()) {
     complain("In response to request:\n" + error.trace);
@@ -148,8 +148,7 @@ void Session::showOne(const ktpnaips::AbstractResponse* response, const std::str
   hasError_ = hasError_ || isError(response);
   if (options_.json) return;
   if (isError(response)) {
-    complain("naips: " + key + ":");
-    showError(response);
+    showError(response, key);
   } else {
     print();
   }

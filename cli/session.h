@@ -102,7 +102,8 @@ class Session {
   void setAccount(ktpnaips::AbstractRequest& request) const;
   void announce() const;
   void writeDocument(const ktpnaips::IAppendable& request) const;
-  void showError(const ktpnaips::AbstractResponse* response) const;
+  /// Writes what went wrong, after the key of the request when it is one of several.
+  void showError(const ktpnaips::AbstractResponse* response, const std::string& key = {}) const;
   void showFailures() const;
 
   template <class Request>

@@ -277,8 +277,8 @@ TEST(ChartAnswer, WritesEachProductToATemporaryFile) {
   EXPECT_NE(first, second);
   for (const auto& file : {first, second}) {
     EXPECT_TRUE(file.is_absolute());
-    EXPECT_TRUE(
-        std::filesystem::equivalent(file.parent_path(), std::filesystem::temp_directory_path()));
+    EXPECT_EQ(std::filesystem::canonical(file.parent_path()),
+              std::filesystem::canonical(std::filesystem::temp_directory_path()));
     EXPECT_EQ(file.filename().wstring().substr(0, 3), L"KTP");
   }
   EXPECT_EQ(test::contentOf(first), "ABC");
