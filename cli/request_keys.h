@@ -93,6 +93,8 @@ void flags(Object& object, const FileValue& value) {
 
 template <class Owner, class Argument>
 std::remove_cvref_t<Argument> argumentOf(void (Owner::*)(Argument));
+template <class Owner, class Argument>
+Owner* ownerOf(void (Owner::*)(Argument));
 
 /// For `Key::set`: each element of a list is given to the member function `Adder`.
 template <auto Adder, class Object>
@@ -100,7 +102,8 @@ void addEach(Object& object, const FileValue& list) {
   using Argument = decltype(argumentOf(Adder));
   using Element =
       std::conditional_t<std::is_same_v<Argument, std::wstring_view>, std::wstring, Argument>;
-  for (const FileValue& element : list.elements()) (object.*Adder)(valueOf<Element>(element));
+  std::remove_pointer_t<decltype(ownerOf(Adder))>& owner = object;
+  for (const FileValue& element : list.elements()) (owner.*Adder)(valueOf<Element>(element));
 }
 
 /// The object that a whole file describes.
