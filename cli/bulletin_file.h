@@ -7,7 +7,7 @@
 
 namespace cli {
 
-/// The specification of a bulletin that a request file holds. Throws `UsageError`.
+/// The bulletin that a request file asks for. Throws `UsageError`.
 std::shared_ptr<ktpnaips::SPFIBSpec> readBulletinFile(const std::string& file);
 
 }  // namespace cli

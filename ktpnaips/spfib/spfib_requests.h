@@ -34,7 +34,7 @@ class SPFIBRqs : public PeriodRequest, public FlagWord {
   void appendItems(const xml::Node& request, std::wstring_view namespaceUri) const override;
 };
 
-/// The specification with which a bulletin is stored: its airspeed, and departure, destination and
+/// What a stored bulletin was asked for: its airspeed, and departure, destination and
 /// departure time of each stage. Nothing else is read back.
 class GetSPFIBRsp : public ResponseBase {
  public:
@@ -48,7 +48,7 @@ class GetSPFIBRsp : public ResponseBase {
   void extractData() override;
 };
 
-/// Fetches the specification of a stored bulletin.
+/// Fetches what a stored bulletin was asked for.
 class GetSPFIBRqs : public Request<GetSPFIBRsp> {
  public:
   GetSPFIBRqs();

@@ -29,7 +29,7 @@ class SPFIBSpec : public IAppendable,
   /// Adds a stage, shared with the host; no object and an eleventh stage are dropped silently.
   void addStage(std::shared_ptr<SPFIBStageSpec> stage);
 
-  /// Appends the specification's elements. A failure is reported and leaves what was written.
+  /// Appends the elements of this object. A failure is reported and leaves what was written.
   void appendTo(const xml::Node& bulletin, std::wstring_view namespaceUri) const override;
 };
 
