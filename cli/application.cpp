@@ -26,7 +26,7 @@ const std::map<std::string_view, const char*> groupHelp{
     {"flight", "Flight notifications"}, {"met", "General MET messages"},  {"notam", "NOTAMs"},
     {"route", "Standard routes"},       {"spfib", "Pre-flight bulletins"}};
 
-CLI::App* addGroup(CLI::App& app, std::string_view name) {
+CLI::App* addCommandGroup(CLI::App& app, std::string_view name) {
   const auto help = groupHelp.find(name);
   auto* group = app.add_subcommand(std::string(name), help != groupHelp.end() ? help->second : "");
   group->require_subcommand(1);
@@ -38,7 +38,7 @@ void addCommands(CLI::App& app, Run& selected) {
   std::map<std::string_view, CLI::App*> groups{{"", &app}};
   for (const Command& command : allCommands()) {
     CLI::App*& parent = groups[command.group];
-    if (parent == nullptr) parent = addGroup(app, command.group);
+    if (parent == nullptr) parent = addCommandGroup(app, command.group);
     CLI::App* each = parent->add_subcommand(command.name, command.help);
     each->final_callback([&selected, run = command.setUp(*each)] { selected = run; });
   }

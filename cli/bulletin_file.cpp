@@ -6,7 +6,7 @@ namespace cli {
 
 using ktpnaips::SPFIBRoute;
 using ktpnaips::SPFIBSpec;
-using Stage = ktpnaips::SPFIBStageSpec;
+using BulletinStage = ktpnaips::SPFIBStageSpec;
 
 namespace {
 
@@ -18,7 +18,7 @@ void addPoints(SPFIBRoute& route, const FileValue& points) {
 
 /// As `set`, for a place that is given as text.
 template <auto Place>
-void setPlace(Stage& stage, const FileValue& value) {
+void setPlace(BulletinStage& stage, const FileValue& value) {
   (stage.*Place)(value.text());
 }
 
@@ -31,19 +31,19 @@ struct Keys<SPFIBRoute> {
 };
 
 template <>
-struct Keys<Stage> {
-  static constexpr Key<Stage> all[] = {
-      {"WeightCat", set<&Stage::WeightCat>},
-      {"ETD", set<&Stage::ETD>},
-      {"Departing", setPlace<&Stage::Departing>},
-      {"Destination", setPlace<&Stage::Destination>},
-      {"Level", set<&Stage::Level>},
-      {"AltDestination", setPlace<&Stage::AltDestination>},
-      {"AltLevel", set<&Stage::AltLevel>},
-      {"Route", set<&Stage::Route>},
-      {"AltRoute", set<&Stage::AltRoute>},
-      {"AdditionalLocations", addEach<&Stage::addAdditionalLocation>},
-      {"AdditionalAreas", addEach<&Stage::addAdditionalArea>},
+struct Keys<BulletinStage> {
+  static constexpr Key<BulletinStage> all[] = {
+      {"WeightCat", set<&BulletinStage::WeightCat>},
+      {"ETD", set<&BulletinStage::ETD>},
+      {"Departing", setPlace<&BulletinStage::Departing>},
+      {"Destination", setPlace<&BulletinStage::Destination>},
+      {"Level", set<&BulletinStage::Level>},
+      {"AltDestination", setPlace<&BulletinStage::AltDestination>},
+      {"AltLevel", set<&BulletinStage::AltLevel>},
+      {"Route", set<&BulletinStage::Route>},
+      {"AltRoute", set<&BulletinStage::AltRoute>},
+      {"AdditionalLocations", addEach<&BulletinStage::addAdditionalLocation>},
+      {"AdditionalAreas", addEach<&BulletinStage::addAdditionalArea>},
   };
 };
 

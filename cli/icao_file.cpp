@@ -7,7 +7,7 @@ using Notif = ktpnaips::ICAOFlightNotif;
 using Other = ktpnaips::ICAOOtherInfo;
 using Route = ktpnaips::ICAORoute;
 using Segment = ktpnaips::ICAORouteSegment;
-using Stage = ktpnaips::ICAOFlightNotifStage;
+using IcaoStage = ktpnaips::ICAOFlightNotifStage;
 using Suppl = ktpnaips::ICAOSupplInfo;
 
 template <>
@@ -58,34 +58,34 @@ struct Keys<Suppl> {
 
 namespace {
 
-void setDepart(Stage& stage, const FileValue& value) {
+void setDepart(IcaoStage& stage, const FileValue& value) {
   stage.Depart(value.text());
 }
 
 }  // namespace
 
 template <>
-struct Keys<Stage> {
-  static constexpr Key<Stage> all[] = {
-      {"Registration", set<&Stage::Registration>},
-      {"AltDestination", set<&Stage::AltDestination>},
-      {"Aircraft", set<&Stage::Aircraft>},
-      {"FlightRules", set<&Stage::FlightRules>},
-      {"TypeOfFlight", set<&Stage::TypeOfFlight>},
-      {"AircraftType", set<&Stage::AircraftType>},
-      {"WTC", set<&Stage::WTC>},
-      {"NavComEquip", set<&Stage::NavComEquip>},
-      {"SSREquip", set<&Stage::SSREquip>},
+struct Keys<IcaoStage> {
+  static constexpr Key<IcaoStage> all[] = {
+      {"Registration", set<&IcaoStage::Registration>},
+      {"AltDestination", set<&IcaoStage::AltDestination>},
+      {"Aircraft", set<&IcaoStage::Aircraft>},
+      {"FlightRules", set<&IcaoStage::FlightRules>},
+      {"TypeOfFlight", set<&IcaoStage::TypeOfFlight>},
+      {"AircraftType", set<&IcaoStage::AircraftType>},
+      {"WTC", set<&IcaoStage::WTC>},
+      {"NavComEquip", set<&IcaoStage::NavComEquip>},
+      {"SSREquip", set<&IcaoStage::SSREquip>},
       {"Depart", setDepart},
-      {"Destination", set<&Stage::Destination>},
-      {"TEET", set<&Stage::TEET>},
-      {"ETD", set<&Stage::ETD>},
-      {"NumAircraft", set<&Stage::NumAircraft>},
-      {"ADS", set<&Stage::ADS>},
-      {"Route", set<&Stage::Route>},
-      {"OtherInfo", set<&Stage::OtherInfo>},
-      {"SARTime", set<&Stage::SARTime>},
-      {"SupplInfo", set<&Stage::SupplInfo>},
+      {"Destination", set<&IcaoStage::Destination>},
+      {"TEET", set<&IcaoStage::TEET>},
+      {"ETD", set<&IcaoStage::ETD>},
+      {"NumAircraft", set<&IcaoStage::NumAircraft>},
+      {"ADS", set<&IcaoStage::ADS>},
+      {"Route", set<&IcaoStage::Route>},
+      {"OtherInfo", set<&IcaoStage::OtherInfo>},
+      {"SARTime", set<&IcaoStage::SARTime>},
+      {"SupplInfo", set<&IcaoStage::SupplInfo>},
   };
 };
 

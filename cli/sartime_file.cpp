@@ -4,15 +4,16 @@
 namespace cli {
 
 using ktpnaips::SARTimeFlightNotif;
-using Stage = ktpnaips::SARTimeFlightNotifStage;
+using SarTimeStage = ktpnaips::SARTimeFlightNotifStage;
 
 template <>
-struct Keys<Stage> {
-  static constexpr Key<Stage> all[] = {{"AltDestination", set<&Stage::AltDestination>},
-                                       {"Depart", set<&Stage::Depart>},
-                                       {"Destination", set<&Stage::Destination>},
-                                       {"ETD", set<&Stage::ETD>},
-                                       {"Locations", addEach<&Stage::Add>}};
+struct Keys<SarTimeStage> {
+  static constexpr Key<SarTimeStage> all[] = {
+      {"AltDestination", set<&SarTimeStage::AltDestination>},
+      {"Depart", set<&SarTimeStage::Depart>},
+      {"Destination", set<&SarTimeStage::Destination>},
+      {"ETD", set<&SarTimeStage::ETD>},
+      {"Locations", addEach<&SarTimeStage::Add>}};
 };
 
 template <>

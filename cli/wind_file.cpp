@@ -5,14 +5,14 @@
 namespace cli {
 
 using ktpnaips::WindTempProfileRqs;
-using Stage = ktpnaips::WindTempStage;
+using WindStage = ktpnaips::WindTempStage;
 
 template <>
-struct Keys<Stage> {
-  static constexpr Key<Stage> all[] = {{"ETD", set<&Stage::ETD>},
-                                       {"Depart", set<&Stage::Depart>},
-                                       {"Destination", set<&Stage::Destination>},
-                                       {"Route", set<&Stage::Route>}};
+struct Keys<WindStage> {
+  static constexpr Key<WindStage> all[] = {{"ETD", set<&WindStage::ETD>},
+                                           {"Depart", set<&WindStage::Depart>},
+                                           {"Destination", set<&WindStage::Destination>},
+                                           {"Route", set<&WindStage::Route>}};
 };
 
 template <>

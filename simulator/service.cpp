@@ -6,6 +6,7 @@
 #include <mutex>
 #include <stdexcept>
 
+#include "simulator/data/text.h"
 #include "simulator/dispatcher.h"
 #include "simulator/faults.h"
 #include "simulator/server.h"
@@ -16,11 +17,6 @@ namespace sim {
 namespace {
 
 constexpr std::string_view controlPath = "/control/";
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  return std::ranges::equal(a, b, {}, lower, lower);
-}
 
 const Fault* faultNamed(std::string_view name) {
   if (name.empty()) {

@@ -38,7 +38,7 @@ void printHolder(const AuthenticateRsp& response) {
   printText(response.MOTD());
 }
 
-const Registered login({"account", "login", "Check the account and show its holder",
+const Registered logIn({"account", "login", "Check the account and show its holder",
                         [](CLI::App&) -> Run {
                           const auto request = std::make_shared<AuthenticateRqs>();
                           return [=](Session& session) {
@@ -51,7 +51,7 @@ const Registered login({"account", "login", "Check the account and show its hold
                           };
                         }});
 
-const Registered password(
+const Registered changePassword(
     {"account", "password", "Change the password and the e-mail address", [](CLI::App& app) -> Run {
        const auto request = std::make_shared<ChangePasswordRqs>();
        app.add_option_function<std::string>(
@@ -71,10 +71,10 @@ const Registered password(
        };
      }});
 
-const Registered groups({"account", "groups", "List the groups of the account",
-                         [](CLI::App&) -> Run {
-                           return listing(std::make_shared<GetGroupAffiliationRqs>(), group);
-                         }});
+const Registered listGroups({"account", "groups", "List the groups of the account",
+                             [](CLI::App&) -> Run {
+                               return listing(std::make_shared<GetGroupAffiliationRqs>(), group);
+                             }});
 
 }  // namespace
 }  // namespace cli

@@ -67,47 +67,46 @@ void setMessageType(FlagWord& word, std::wstring_view type) {
   word.setFlag(found->second, true);
 }
 
-const Registered area({"brief", "area", "Briefing for up to 5 forecast areas",
-                       [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<AreaBriefingRqs>();
-                         addTexts(app, "AREA", "Forecast areas", [=](auto text) {
-                           request->addArea(text);
-                         })->required();
-                         addFlags(app, areaFlags, *request);
-                         addPeriod(app, request->briefingReq());
-                         return briefing(request);
-                       }});
+const Registered briefArea({"brief", "area", "Briefing for up to 5 forecast areas",
+                            [](CLI::App& app) -> Run {
+                              const auto request = std::make_shared<AreaBriefingRqs>();
+                              addTexts(app, "AREA", "Forecast areas", [=](auto text) {
+                                request->addArea(text);
+                              })->required();
+                              addFlags(app, areaFlags, *request);
+                              addPeriod(app, request->briefingReq());
+                              return briefing(request);
+                            }});
 
-const Registered location({"brief", "location", "Briefing for up to 12 locations",
-                           [](CLI::App& app) -> Run {
-                             const auto request = std::make_shared<LocationBriefingRqs>();
-                             addTexts(app, "LOC", "Location codes", [=](auto text) {
-                               request->addLocation(text);
-                             })->required();
-                             addFlags(app, locationFlags, *request);
-                             addPeriod(app, request->briefingReq());
-                             return briefing(request);
-                           }});
-
-const Registered met({"brief", "met", "MET messages for up to 4 locations",
-                      [](CLI::App& app) -> Run {
-                        const auto request = std::make_shared<MetBriefingRqs>();
-                        addTexts(app, "LOC", "Location codes", [=](auto text) {
-                          request->addLocation(text);
-                        })->required();
-                        addTexts(app, "--type",
-                                 "TAF, TTF, METAR, SPECI, AQNH, SIGMET, AIRMET or ATIS; repeatable",
-                                 [=](auto text) { setMessageType(*request, text); });
-                        addPeriod(app, request->briefingReq());
-                        return briefing(request);
-                      }});
-
-const Registered plainBriefing({"brief", "plain", "Briefing for a period alone",
+const Registered briefLocation({"brief", "location", "Briefing for up to 12 locations",
                                 [](CLI::App& app) -> Run {
-                                  const auto request = std::make_shared<BriefingRequest>();
-                                  addPeriod(app, *request);
+                                  const auto request = std::make_shared<LocationBriefingRqs>();
+                                  addTexts(app, "LOC", "Location codes", [=](auto text) {
+                                    request->addLocation(text);
+                                  })->required();
+                                  addFlags(app, locationFlags, *request);
+                                  addPeriod(app, request->briefingReq());
                                   return briefing(request);
                                 }});
+
+const Registered briefMet(
+    {"brief", "met", "MET messages for up to 4 locations", [](CLI::App& app) -> Run {
+       const auto request = std::make_shared<MetBriefingRqs>();
+       addTexts(app, "LOC", "Location codes", [=](auto text) {
+         request->addLocation(text);
+       })->required();
+       addTexts(app, "--type", "TAF, TTF, METAR, SPECI, AQNH, SIGMET, AIRMET or ATIS; repeatable",
+                [=](auto text) { setMessageType(*request, text); });
+       addPeriod(app, request->briefingReq());
+       return briefing(request);
+     }});
+
+const Registered briefPlain({"brief", "plain", "Briefing for a period alone",
+                             [](CLI::App& app) -> Run {
+                               const auto request = std::make_shared<BriefingRequest>();
+                               addPeriod(app, *request);
+                               return briefing(request);
+                             }});
 
 }  // namespace
 }  // namespace cli

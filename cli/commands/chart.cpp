@@ -85,9 +85,10 @@ void get(Session& session, Call& call) {
   }
 }
 
-const Registered list({"chart", "list", "List the charts that there are", [](CLI::App&) -> Run {
-                         return listing(std::make_shared<ChartDirectoryRqs>(), description);
-                       }});
+const Registered listCharts({"chart", "list", "List the charts that there are",
+                             [](CLI::App&) -> Run {
+                               return listing(std::make_shared<ChartDirectoryRqs>(), description);
+                             }});
 
 const Registered getCharts(
     {"chart", "get", "Fetch charts", [](CLI::App& app) -> Run {

@@ -89,14 +89,14 @@ const Registered fileSarTime({"flight", "sartime", "File a SARTime notification"
                                 };
                               }});
 
-const Registered list({"flight", "list", "List the active flight notifications",
-                       [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<ActiveFlightNotifDirRqs>();
-                         addText(app, "--aircraft", "Of this aircraft only",
-                                 [=](auto text) { request->Aircraft(text); });
-                         addGroup(app, request);
-                         return listing(request, notification);
-                       }});
+const Registered listFlights({"flight", "list", "List the active flight notifications",
+                              [](CLI::App& app) -> Run {
+                                const auto request = std::make_shared<ActiveFlightNotifDirRqs>();
+                                addText(app, "--aircraft", "Of this aircraft only",
+                                        [=](auto text) { request->Aircraft(text); });
+                                addGroup(app, request);
+                                return listing(request, notification);
+                              }});
 
 }  // namespace
 }  // namespace cli

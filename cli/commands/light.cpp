@@ -56,7 +56,7 @@ void setPoint(FirstLastLightRqs& request, const Place& place) {
   }
 }
 
-const Registered light(
+const Registered showLight(
     {"", "light", "Times of first and last light", [](CLI::App& app) -> Run {
        const auto request = std::make_shared<FirstLastLightRqs>();
        const auto place = std::make_shared<Place>();

@@ -23,15 +23,15 @@ constexpr Shown<LocAirspaceDetails> place[] = {
     {"Coord", "POSITION", coordinates},
     {"Description", "DESCRIPTION", valueOf<&LocAirspaceDetails::Description>, true}};
 
-const Registered location({"", "location", "Look up locations and airspaces",
-                           [](CLI::App& app) -> Run {
-                             const auto request =
-                                 std::make_shared<ktpnaips::LocAirspaceDirectoryRqs>();
-                             addText(app, "PARTIAL", "A part of the name", [=](auto text) {
-                               request->PartialName(text);
-                             })->required();
-                             return listing(request, place);
-                           }});
+const Registered findLocation({"", "location", "Look up locations and airspaces",
+                               [](CLI::App& app) -> Run {
+                                 const auto request =
+                                     std::make_shared<ktpnaips::LocAirspaceDirectoryRqs>();
+                                 addText(app, "PARTIAL", "A part of the name", [=](auto text) {
+                                   request->PartialName(text);
+                                 })->required();
+                                 return listing(request, place);
+                               }});
 
 }  // namespace
 }  // namespace cli

@@ -18,20 +18,20 @@ constexpr Shown<GeneralMETMessage> message[] = {
     {"Name", "NAME", valueOf<&GeneralMETMessage::Name>},
     {"EntryType", "TYPE", valueOf<&GeneralMETMessage::EntryType>}};
 
-const Registered list({"met", "list", "List the general MET messages", [](CLI::App&) -> Run {
-                         return listing(std::make_shared<GeneralMETMessageDirRqs>(), message);
-                       }});
+const Registered listMet({"met", "list", "List the general MET messages", [](CLI::App&) -> Run {
+                            return listing(std::make_shared<GeneralMETMessageDirRqs>(), message);
+                          }});
 
-const Registered get({"met", "get", "Fetch a general MET message", [](CLI::App& app) -> Run {
-                        const auto request = std::make_shared<GetGeneralMETMessageRqs>();
-                        addText(app, "NAME", "Name of the message", [=](auto text) {
-                          request->Name(text);
-                        })->required();
-                        addText(app, "TYPE", "Type of the message", [=](auto text) {
-                          request->MessageType(text);
-                        })->required();
-                        return briefing(request);
-                      }});
+const Registered getMet({"met", "get", "Fetch a general MET message", [](CLI::App& app) -> Run {
+                           const auto request = std::make_shared<GetGeneralMETMessageRqs>();
+                           addText(app, "NAME", "Name of the message", [=](auto text) {
+                             request->Name(text);
+                           })->required();
+                           addText(app, "TYPE", "Type of the message", [=](auto text) {
+                             request->MessageType(text);
+                           })->required();
+                           return briefing(request);
+                         }});
 
 }  // namespace
 }  // namespace cli

@@ -26,25 +26,26 @@ void listFields(const ViewNOTAMListForSPFIBRsp& response, Json& json) {
   setObjects(json, response, notam);
 }
 
-const Registered list({"notam", "list", "List the NOTAMs of a bulletin", [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<ViewNOTAMListForSPFIBRqs>();
-                         addText(app, "NUMBER", "Number of the bulletin", [=](auto text) {
-                           request->SPFIBNo(text);
-                         })->required();
-                         return [=](Session& session) {
-                           session.submit(*request, listFields, [](const auto& response) {
-                             printTable(response, notam);
-                           });
-                         };
-                       }});
+const Registered listNotams({"notam", "list", "List the NOTAMs of a bulletin",
+                             [](CLI::App& app) -> Run {
+                               const auto request = std::make_shared<ViewNOTAMListForSPFIBRqs>();
+                               addText(app, "NUMBER", "Number of the bulletin", [=](auto text) {
+                                 request->SPFIBNo(text);
+                               })->required();
+                               return [=](Session& session) {
+                                 session.submit(*request, listFields, [](const auto& response) {
+                                   printTable(response, notam);
+                                 });
+                               };
+                             }});
 
-const Registered text({"notam", "text", "Full text of NOTAMs", [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<RetrieveFullTextNotamRqs>();
-                         addTexts(app, "KEY", "Keys of the NOTAMs", [=](auto key) {
-                           request->addKey(key);
-                         })->required();
-                         return briefing(request);
-                       }});
+const Registered showNotams({"notam", "text", "Full text of NOTAMs", [](CLI::App& app) -> Run {
+                               const auto request = std::make_shared<RetrieveFullTextNotamRqs>();
+                               addTexts(app, "KEY", "Keys of the NOTAMs", [=](auto key) {
+                                 request->addKey(key);
+                               })->required();
+                               return briefing(request);
+                             }});
 
 }  // namespace
 }  // namespace cli

@@ -9,14 +9,14 @@
 namespace cli {
 namespace {
 
-const Registered raim({"", "raim", "RAIM prediction for up to 20 locations",
-                       [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<ktpnaips::RAIMRqs>();
-                         addTexts(app, "LOC", "Location codes", [=](auto text) {
-                           request->addLocation(text);
-                         })->required();
-                         return briefing(request);
-                       }});
+const Registered predictRaim({"", "raim", "RAIM prediction for up to 20 locations",
+                              [](CLI::App& app) -> Run {
+                                const auto request = std::make_shared<ktpnaips::RAIMRqs>();
+                                addTexts(app, "LOC", "Location codes", [=](auto text) {
+                                  request->addLocation(text);
+                                })->required();
+                                return briefing(request);
+                              }});
 
 }  // namespace
 }  // namespace cli

@@ -39,25 +39,25 @@ void printRoute(const AbstractResponse& response) {
   printText(ktpnaips::text::fromUtf8(response.Payload().serialise()));
 }
 
-const Registered list({"route", "list", "List the standard routes between two aerodromes",
-                       [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<RouteDirectoryRqs>();
-                         addAerodromes(app, request);
-                         addFlag(app, "--international", "International routes too",
-                                 [=] { request->DomesticOnly(false); });
-                         return listing(request, route);
-                       }});
+const Registered listRoutes({"route", "list", "List the standard routes between two aerodromes",
+                             [](CLI::App& app) -> Run {
+                               const auto request = std::make_shared<RouteDirectoryRqs>();
+                               addAerodromes(app, request);
+                               addFlag(app, "--international", "International routes too",
+                                       [=] { request->DomesticOnly(false); });
+                               return listing(request, route);
+                             }});
 
-const Registered get({"route", "get", "Fetch a standard route", [](CLI::App& app) -> Run {
-                        const auto request = std::make_shared<GetRouteRqs>();
-                        addAerodromes(app, request);
-                        addText(app, "CODE", "Code of the route", [=](auto text) {
-                          request->Code(text);
-                        })->required();
-                        return [=](Session& session) {
-                          session.submit(*request, routeFields, printRoute);
-                        };
-                      }});
+const Registered getRoute({"route", "get", "Fetch a standard route", [](CLI::App& app) -> Run {
+                             const auto request = std::make_shared<GetRouteRqs>();
+                             addAerodromes(app, request);
+                             addText(app, "CODE", "Code of the route", [=](auto text) {
+                               request->Code(text);
+                             })->required();
+                             return [=](Session& session) {
+                               session.submit(*request, routeFields, printRoute);
+                             };
+                           }});
 
 }  // namespace
 }  // namespace cli

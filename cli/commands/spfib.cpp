@@ -69,43 +69,44 @@ CLI::Option* addBulletinNumber(CLI::App& app, TextSetter set) {
   return addText(app, "NUMBER", "Number of the bulletin", std::move(set))->required();
 }
 
-const Registered newBulletin({"spfib", "request", "Ask for a bulletin for a flight",
+const Registered requestBulletin({"spfib", "request", "Ask for a bulletin for a flight",
+                                  [](CLI::App& app) -> Run {
+                                    const auto request = std::make_shared<SPFIBRqs>();
+                                    addRequestFile(app, [=](const std::string& file) {
+                                      request->SPFIBSpec(readBulletinFile(file));
+                                    });
+                                    addDuration(app, request);
+                                    addGroup(app, request);
+                                    addPeriod(app, request->briefingReq());
+                                    return briefing(request);
+                                  }});
+
+const Registered getBulletin({"spfib", "get", "Show the flight of a bulletin",
                               [](CLI::App& app) -> Run {
-                                const auto request = std::make_shared<SPFIBRqs>();
-                                addRequestFile(app, [=](const std::string& file) {
-                                  request->SPFIBSpec(readBulletinFile(file));
-                                });
-                                addDuration(app, request);
-                                addGroup(app, request);
-                                addPeriod(app, request->briefingReq());
-                                return briefing(request);
+                                const auto request = std::make_shared<GetSPFIBRqs>();
+                                addBulletinNumber(app, [=](auto text) { request->Number(text); });
+                                return [=](Session& session) {
+                                  session.submit(*request, bulletinFields, printBulletin);
+                                };
                               }});
 
-const Registered get({"spfib", "get", "Show the flight of a bulletin", [](CLI::App& app) -> Run {
-                        const auto request = std::make_shared<GetSPFIBRqs>();
-                        addBulletinNumber(app, [=](auto text) { request->Number(text); });
-                        return [=](Session& session) {
-                          session.submit(*request, bulletinFields, printBulletin);
-                        };
-                      }});
+const Registered updateBulletin(
+    {"spfib", "update", "Ask for an update of a bulletin", [](CLI::App& app) -> Run {
+       const auto request = std::make_shared<UpdateSPFIBRqs>();
+       addBulletinNumber(app, [=](auto text) { request->SPFIBNumber(text); });
+       addDuration(app, request);
+       addNumber(app, "--stages", "How many stages it includes, 1 to 10",
+                 [=](auto count) { request->StageCount(count); });
+       addPeriod(app, request->briefingReq());
+       return briefing(request);
+     }});
 
-const Registered update({"spfib", "update", "Ask for an update of a bulletin",
-                         [](CLI::App& app) -> Run {
-                           const auto request = std::make_shared<UpdateSPFIBRqs>();
-                           addBulletinNumber(app, [=](auto text) { request->SPFIBNumber(text); });
-                           addDuration(app, request);
-                           addNumber(app, "--stages", "How many stages it includes, 1 to 10",
-                                     [=](auto count) { request->StageCount(count); });
-                           addPeriod(app, request->briefingReq());
-                           return briefing(request);
-                         }});
-
-const Registered list({"spfib", "list", "List the bulletins that the service holds",
-                       [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<ActiveSPFIBDirectoryRqs>();
-                         addGroup(app, request);
-                         return listing(request, bulletin);
-                       }});
+const Registered listBulletins({"spfib", "list", "List the bulletins that the service holds",
+                                [](CLI::App& app) -> Run {
+                                  const auto request = std::make_shared<ActiveSPFIBDirectoryRqs>();
+                                  addGroup(app, request);
+                                  return listing(request, bulletin);
+                                }});
 
 }  // namespace
 }  // namespace cli

@@ -9,13 +9,14 @@
 namespace cli {
 namespace {
 
-const Registered wind({"", "wind", "Winds and temperatures along a flight",
-                       [](CLI::App& app) -> Run {
-                         const auto request = std::make_shared<ktpnaips::WindTempProfileRqs>();
-                         addRequestFile(
-                             app, [=](const std::string& file) { readWindFile(file, *request); });
-                         return briefing(request);
-                       }});
+const Registered showWind({"", "wind", "Winds and temperatures along a flight",
+                           [](CLI::App& app) -> Run {
+                             const auto request = std::make_shared<ktpnaips::WindTempProfileRqs>();
+                             addRequestFile(app, [=](const std::string& file) {
+                               readWindFile(file, *request);
+                             });
+                             return briefing(request);
+                           }});
 
 }  // namespace
 }  // namespace cli
