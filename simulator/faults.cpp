@@ -113,7 +113,9 @@ Delivery manyAttributes(const Answer&, const FaultContext& context) {
   return send(briefing(context, attributes, "NIL"), context);
 }
 
-Delivery redirect(const Answer&, const FaultContext& context) {
+// Once: who follows finds nothing there.
+Delivery redirect(const Answer& whole, const FaultContext& context) {
+  if (whole.status == 404) return deliver(whole, context.keepAlive);
   Answer answer = plainAnswer(302, "The service has moved");
   answer.headers.emplace_back("Location", "/moved/briefing-service");
   return deliver(answer, context.keepAlive);

@@ -140,6 +140,12 @@ TEST_F(Fault, RedirectNamesAnotherPath) {
   EXPECT_THAT(reply.head(), HasSubstr("\r\nLocation: /moved/briefing-service\r\n"));
 }
 
+TEST_F(Fault, RedirectNamesAPathWhereNothingIs) {
+  service().setFault("redirect");
+  const std::string moved = httpRequest("POST", "/moved/briefing-service", login);
+  EXPECT_EQ(roundTrip(service().port(), moved).status(), 404);
+}
+
 TEST_F(Fault, BigTextIsGoodXmlOfThirtyMegabytes) {
   const Reply reply = under("big-text");
   EXPECT_GT(reply.body().size(), 30U * 1024 * 1024);
