@@ -47,9 +47,10 @@ std::optional<std::string> prepare(http::Exchange& exchange, std::wstring_view u
     return stepFailed("HttpOpenRequest", code);
   }
   exchange.addHeaders(headers);
-  exchange.setTimeout(http::Timeout::connect, 10'000);
-  exchange.setTimeout(http::Timeout::send, 30'000);
-  exchange.setTimeout(http::Timeout::receive, 60'000);
+  const TimeLimits& limits = timeLimits();
+  exchange.setTimeout(http::Timeout::connect, limits.connect);
+  exchange.setTimeout(http::Timeout::send, limits.send);
+  exchange.setTimeout(http::Timeout::receive, limits.receive);
   return std::nullopt;
 }
 
@@ -85,6 +86,11 @@ void readBody(http::Exchange& exchange, std::string& answer) {
 }
 
 }  // namespace
+
+TimeLimits& timeLimits() {
+  static TimeLimits limits;
+  return limits;
+}
 
 void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, std::wstring& path) {
   scheme.clear();

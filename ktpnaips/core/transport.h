@@ -9,6 +9,17 @@
 /// The HTTP transport: one request document to one URL, and the answer as text.
 namespace ktpnaips::winInet {
 
+/// How long a call waits, in milliseconds: for the connection, for progress in sending, and for
+/// progress in receiving.
+struct TimeLimits {
+  std::uint32_t connect = 10'000;
+  std::uint32_t send = 30'000;
+  std::uint32_t receive = 60'000;
+};
+
+/// Those of every call of the process. For tests, which shorten them while no call is under way.
+TimeLimits& timeLimits();
+
 /// Splits a URL into scheme ("https:", lower case), host (a port stays part of it) and path ("/"
 /// when there is none). A URL without "//" is reported and leaves all three empty.
 void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, std::wstring& path);

@@ -1,14 +1,14 @@
 #include <ktpnaips/platform/http.h>
+#include <ktpnaips/platform/http_address.h>
 #include <ktpnaips/platform/posix/http_errors.h>
 #include <ktpnaips/platform/posix/http_proxy.h>
 #include <ktpnaips/platform/posix/http_transfer.h>
+#include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/text.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -29,56 +29,6 @@ std::unique_ptr<Transfer> takeTransfer() {
 void giveBack(std::unique_ptr<Transfer> transfer) {
   transfer->stop();
   if (!keptTransfer()) keptTransfer() = std::move(transfer);
-}
-
-bool isIpv6Literal(std::string_view host) {
-  return host.size() > 2 && host.starts_with('[') && host.ends_with(']') &&
-         host.find_first_not_of("0123456789abcdefABCDEF:.", 1) == host.size() - 1;
-}
-
-// Anything else, a port too, would be a part of the URL and not of the name.
-bool canBeHostName(std::string_view host) {
-  if (isIpv6Literal(host)) return true;
-  return std::none_of(host.begin(), host.end(), [](char letter) {
-    const bool control = (letter >= 0 && letter <= ' ') || letter == '\x7f';
-    return control ||
-           std::string_view(":/?#[]@%\\\"<>^`{|}").find(letter) != std::string_view::npos;
-  });
-}
-
-bool isPort(std::string_view text) {
-  std::uint16_t port = 0;
-  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), port);
-  return failure == std::errc() && end == text.data() + text.size() && port != 0;
-}
-
-/// What may stand in a URL and a Host header when the connection goes elsewhere anyway.
-bool canBeHostAndPort(std::string_view text) {
-  const std::size_t colon = text.rfind(':');
-  return colon != std::string_view::npos && canBeHostName(text.substr(0, colon)) &&
-         isPort(text.substr(colon + 1));
-}
-
-bool isAddressAndPort(std::string_view text) {
-  return !text.starts_with(':') && canBeHostAndPort(text);
-}
-
-bool standsForItself(unsigned char byte) {
-  return byte > ' ' && byte < 0x7f;
-}
-
-// What cannot stand in a request line is sent in its percent encoding.
-std::string encodedPath(std::wstring_view path) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string encoded;
-  for (const char letter : text::toUtf8(path)) {
-    const auto byte = static_cast<unsigned char>(letter);
-    if (standsForItself(byte))
-      encoded += letter;
-    else
-      encoded.append({'%', digits[byte >> 4U], digits[byte & 0x0fU]});
-  }
-  return encoded.starts_with('/') ? encoded : '/' + encoded;
 }
 
 std::string_view nameOf(std::string_view line) {
@@ -126,7 +76,7 @@ ErrorCode Exchange::connect(std::wstring_view host, std::uint16_t port, const Ro
   handles_->port = port;
   settings.connectTo = text::toUtf8(route.connectTo);
   settings.certificates.caFile = text::toUtf8(route.caFile);
-  if (settings.connectTo.empty() || isAddressAndPort(settings.connectTo)) return 0;
+  if (settings.connectTo.empty() || readHostAndPort(settings.connectTo)) return 0;
   return error::fail(error::invalidUrl,
                      "'" + settings.connectTo + "' is not an address and a port as in host:443");
 }
@@ -137,7 +87,7 @@ ErrorCode Exchange::openRequest(std::string_view verb, std::wstring_view path,
   handles_->scheme = (flags & RequestFlag::secure) != 0 ? "https" : "http";
   settings.verb = verb;
   settings.url = handles_->scheme + "://" + handles_->host;
-  if (!canBeHostAndPort(handles_->host)) settings.url += ':' + std::to_string(handles_->port);
+  if (!readHostAndPort(handles_->host)) settings.url += ':' + std::to_string(handles_->port);
   settings.url += encodedPath(path);
   settings.certificates.ignoreDates = (flags & RequestFlag::ignoreCertDateInvalid) != 0;
   settings.certificates.ignoreName = (flags & RequestFlag::ignoreCertNameInvalid) != 0;
@@ -171,9 +121,9 @@ void Exchange::setTimeout(Timeout which, std::uint32_t milliseconds) {
 ErrorCode Exchange::send(std::string_view body) {
   error::forgetFailure();
   if (!handles_->transfer || handles_->settings.url.empty())
-    return error::fail(error::incorrectHandleState, {});
+    return error::fail(error::incorrectHandleType, {});
   const bool isRedirected = !handles_->settings.connectTo.empty();
-  if (!canBeHostName(handles_->host) && !(isRedirected && canBeHostAndPort(handles_->host)))
+  if (!canBeHostName(handles_->host) && !(isRedirected && readHostAndPort(handles_->host)))
     return error::fail(error::nameNotResolved, "'" + handles_->host + "' is not a host name");
   return handles_->transfer->send(handles_->settings, body);
 }
@@ -187,7 +137,7 @@ bool Exchange::logInToProxy() {
   RequestSettings& settings = handles_->settings;
   const std::optional<Proxy> proxy =
       settings.connectTo.empty() ? environmentProxy(handles_->scheme) : std::nullopt;
-  const auto given = askForProxyAccount(proxy ? proxy->host : handles_->host);
+  const auto given = askForProxyAccount(text::fromUtf8(proxy ? proxy->host : handles_->host));
   if (!given) return false;
   const std::string user = text::toUtf8(given->user);
   const std::string password = text::toUtf8(given->password);

@@ -32,7 +32,7 @@ constexpr std::array messages{
     Message{error::invalidUrl, L"The address is invalid"},
     Message{error::nameNotResolved,
             L"The server name could not be resolved: check the address and the connection"},
-    Message{error::incorrectHandleState, L"The request was used before it was opened"},
+    Message{error::incorrectHandleType, L"The request was used before it was opened"},
     Message{error::cannotConnect, L"A connection with the server could not be established"},
     Message{error::connectionAborted, L"The connection with the server was closed unexpectedly"},
     Message{error::connectionReset, L"The connection with the server was reset"},

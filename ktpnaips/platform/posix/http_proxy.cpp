@@ -1,46 +1,15 @@
 #include <curl/curl.h>
 #include <ktpnaips/platform/posix/http_proxy.h>
-#include <ktpnaips/platform/text.h>
 #include <openssl/evp.h>
 
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <memory>
-#include <mutex>
-#include <utility>
+#include <new>
 #include <vector>
 
-namespace ktpnaips {
-
-namespace {
-
-struct InstalledLogIn {
-  std::mutex mutex;
-  std::shared_ptr<const ProxyLogIn> ask;  // shared, for one that is replaced while it asks
-};
-
-InstalledLogIn& installedLogIn() {
-  static InstalledLogIn installed;
-  return installed;
-}
-
-std::shared_ptr<const ProxyLogIn> currentLogIn() {
-  InstalledLogIn& installed = installedLogIn();
-  const std::lock_guard lock(installed.mutex);
-  return installed.ask;
-}
-
-}  // namespace
-
-void setProxyLogIn(ProxyLogIn logIn) {
-  auto ask = logIn ? std::make_shared<const ProxyLogIn>(std::move(logIn)) : nullptr;
-  InstalledLogIn& installed = installedLogIn();
-  const std::lock_guard lock(installed.mutex);
-  std::swap(installed.ask, ask);
-}
-
-namespace http {
+namespace ktpnaips::http {
 
 namespace {
 
@@ -92,11 +61,6 @@ std::optional<Proxy> environmentProxy(std::string_view scheme) {
   return std::nullopt;
 }
 
-std::optional<ProxyCredentials> askForProxyAccount(std::string_view host) {
-  const std::shared_ptr<const ProxyLogIn> ask = currentLogIn();
-  return ask ? (*ask)(text::fromUtf8(host)) : std::nullopt;
-}
-
 std::string basicProxyAuthorization(const std::string& user, const std::string& password) {
   const std::string account = user + ':' + password;
   const std::vector<unsigned char> plain(account.begin(), account.end());
@@ -105,6 +69,4 @@ std::string basicProxyAuthorization(const std::string& user, const std::string& 
   return "Proxy-Authorization: Basic " + std::string(encoded.begin(), encoded.begin() + length);
 }
 
-}  // namespace http
-
-}  // namespace ktpnaips
+}  // namespace ktpnaips::http

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <ktpnaips/platform/proxy_log_in.h>
-
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,9 +14,6 @@ struct Proxy {
 
 /// The proxy that libcurl takes from the environment for a scheme ("http" or "https"), if any.
 std::optional<Proxy> environmentProxy(std::string_view scheme);
-
-/// Asks whoever `setProxyLogIn` installed; nothing when nobody is, or who is asked gives up.
-std::optional<ProxyCredentials> askForProxyAccount(std::string_view host);
 
 /// A Proxy-Authorization header line for an account, without its line end.
 std::string basicProxyAuthorization(const std::string& user, const std::string& password);

@@ -1,16 +1,16 @@
 #include <ktpnaips/platform/http.h>
 
-#include <ktpnaips/platform/text.h>
-#include <ktpnaips/platform/windows/proxy_account.h>
+#include <ktpnaips/platform/http_address.h>
+#include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/windows/system_text.h>
+#include <ktpnaips/platform/windows/wininet_account.h>
 
 #include <windows.h>
 
 #include <wininet.h>
 
 #include <array>
-#include <charconv>
-#include <system_error>
+#include <optional>
 #include <utility>
 
 namespace ktpnaips::http {
@@ -38,21 +38,6 @@ class InternetHandle {
   HINTERNET handle_ = nullptr;
 };
 
-struct Target {
-  std::string host;
-  std::uint16_t port = 0;
-};
-
-/// The parts of "address:port"; an address in brackets keeps them.
-bool readTarget(const std::string& address, Target& target) {
-  const auto colon = address.rfind(':');
-  if (colon == std::string::npos || colon == 0) return false;
-  const char* end = address.data() + address.size();
-  const auto [stop, failure] = std::from_chars(address.data() + colon + 1, end, target.port);
-  target.host = address.substr(0, colon);
-  return failure == std::errc() && stop == end && target.port != 0;
-}
-
 HINTERNET newSession(const std::string& agent, DWORD accessType) {
   return InternetOpenA(agent.c_str(), accessType, nullptr, nullptr, 0);
 }
@@ -61,6 +46,11 @@ constexpr DWORD addOrReplace = HTTP_ADDREQ_FLAG_ADD | HTTP_ADDREQ_FLAG_REPLACE;
 
 void addLines(HINTERNET request, std::string_view lines) {
   HttpAddRequestHeadersA(request, lines.data(), static_cast<DWORD>(lines.size()), addOrReplace);
+}
+
+std::string hostHeader(const std::string& host, std::uint16_t port, std::uint32_t flags) {
+  const bool isSchemesOwn = port == ((flags & secure) != 0 ? 443 : 80);
+  return "Host: " + host + (isSchemesOwn ? "" : ":" + std::to_string(port)) + "\r\n";
 }
 
 }  // namespace
@@ -72,7 +62,8 @@ struct Exchange::Handles {
   InternetHandle request;
   std::string agent;
   std::string host;
-  std::string hostHeader;  // when the connection goes elsewhere than to the host
+  std::uint16_t port = 0;
+  bool isRedirected = false;  // the connection goes elsewhere than to the host
 };
 
 Exchange::Exchange() : handles_(std::make_unique<Handles>()) {}
@@ -85,12 +76,15 @@ ErrorCode Exchange::openSession(std::string_view agent) {
 }
 
 ErrorCode Exchange::connect(std::wstring_view host, std::uint16_t port, const Route& route) {
-  Target target{toAnsi(host), port};
+  HostAndPort target{toAnsi(host), port};
   if (target.host.empty()) return ERROR_INVALID_PARAMETER;
   handles_->host = target.host;
-  if (!route.connectTo.empty()) {
-    handles_->hostHeader = "Host: " + target.host + "\r\n";
-    if (!readTarget(toAnsi(route.connectTo), target)) return ERROR_INTERNET_INVALID_URL;
+  handles_->port = port;
+  handles_->isRedirected = !route.connectTo.empty();
+  if (handles_->isRedirected) {
+    const auto named = readHostAndPort(toAnsi(route.connectTo));
+    if (!named) return ERROR_INTERNET_INVALID_URL;
+    target = *named;
     const ErrorCode error =
         handles_->session.open(newSession(handles_->agent, INTERNET_OPEN_TYPE_DIRECT));
     if (error != ERROR_SUCCESS) return error;
@@ -103,10 +97,10 @@ ErrorCode Exchange::connect(std::wstring_view host, std::uint16_t port, const Ro
 ErrorCode Exchange::openRequest(std::string_view verb, std::wstring_view path,
                                 std::uint32_t flags) {
   const ErrorCode error = handles_->request.open(
-      HttpOpenRequestA(handles_->connection.get(), std::string(verb).c_str(), toAnsi(path).c_str(),
-                       "HTTP/1.1", nullptr, nullptr, flags, 0));
-  if (error == ERROR_SUCCESS && !handles_->hostHeader.empty()) {
-    addLines(handles_->request.get(), handles_->hostHeader);
+      HttpOpenRequestA(handles_->connection.get(), std::string(verb).c_str(),
+                       encodedPath(path).c_str(), "HTTP/1.1", nullptr, nullptr, flags, 0));
+  if (error == ERROR_SUCCESS && handles_->isRedirected) {
+    addLines(handles_->request.get(), hostHeader(handles_->host, handles_->port, flags));
   }
   return error;
 }

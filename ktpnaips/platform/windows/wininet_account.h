@@ -8,9 +8,6 @@
 
 namespace ktpnaips::http {
 
-/// Whether somebody asks for proxies' accounts in place of the system's dialogue.
-bool hasProxyLogIn();
-
 /// Asks for the account of the session's proxy, or of the host that asks like one, and sets it on
 /// the request, as the dialogue does; false when it is not given.
 bool setProxyAccount(HINTERNET session, HINTERNET request, const std::string& host);

@@ -1,42 +1,13 @@
-#include <ktpnaips/platform/windows/proxy_account.h>
+#include <ktpnaips/platform/windows/wininet_account.h>
 
-#include <ktpnaips/platform/proxy_log_in.h>
+#include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/windows/system_text.h>
 
 #include <cstddef>
-#include <mutex>
 #include <string>
-#include <utility>
 #include <vector>
 
-namespace ktpnaips {
-namespace {
-
-struct InstalledLogIn {
-  std::mutex mutex;
-  ProxyLogIn ask;
-};
-
-InstalledLogIn& installedLogIn() {
-  static InstalledLogIn installed;
-  return installed;
-}
-
-ProxyLogIn currentLogIn() {
-  InstalledLogIn& installed = installedLogIn();
-  const std::lock_guard lock(installed.mutex);
-  return installed.ask;
-}
-
-}  // namespace
-
-void setProxyLogIn(ProxyLogIn logIn) {
-  InstalledLogIn& installed = installedLogIn();
-  const std::lock_guard lock(installed.mutex);
-  std::swap(installed.ask, logIn);
-}
-
-namespace http {
+namespace ktpnaips::http {
 namespace {
 
 /// The first proxy in the session's list, as in "http=host:port https=host:port"; empty when there
@@ -70,18 +41,11 @@ bool setText(HINTERNET request, DWORD option, const std::wstring& text) {
 
 }  // namespace
 
-bool hasProxyLogIn() {
-  return currentLogIn() != nullptr;
-}
-
 bool setProxyAccount(HINTERNET session, HINTERNET request, const std::string& host) {
-  const ProxyLogIn ask = currentLogIn();
-  if (!ask) return false;
   const std::string proxy = hostOf(proxyOf(session));
-  const auto account = ask(fromAnsi(proxy.empty() ? host : proxy));
+  const auto account = askForProxyAccount(fromAnsi(proxy.empty() ? host : proxy));
   return account && setText(request, INTERNET_OPTION_PROXY_USERNAME, account->user) &&
          setText(request, INTERNET_OPTION_PROXY_PASSWORD, account->password);
 }
 
-}  // namespace http
-}  // namespace ktpnaips
+}  // namespace ktpnaips::http
