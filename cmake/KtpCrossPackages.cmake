@@ -39,6 +39,6 @@ endif()
 ")
 
 # Windows programs run through Wine, in a prefix of the build's own.
-if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64" OR EXISTS /usr/lib/i386-linux-gnu/wine)
   set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/wine/run ${CMAKE_BINARY_DIR}/wine)
 endif()

@@ -44,8 +44,6 @@ TEST(TransportAnswer, StartsWithTheRawHeadersOtherwise) {
   for (const char* answer :
        {"HTTP/1.1 500 Error\r\nContent-Type: text/xml\r\nContent-Length: 4\r\n\r\n<b/>",
         "HTTP/1.1 201 Created\r\nContent-Type: text/xml\r\nContent-Length: 4\r\n\r\n<b/>",
-        "HTTP/1.1 302 Found\r\nLocation: http://h/q\r\nContent-Type: text/xml\r\n"
-        "Content-Length: 4\r\n\r\n<b/>",
         "HTTP/1.1 407 Proxy\r\nContent-Type: text/xml\r\nContent-Length: 4\r\n\r\n<b/>",
         "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 4\r\n\r\n<b/>",
         "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n<b/>"}) {

@@ -34,6 +34,12 @@ void expectParts(std::wstring_view url, std::wstring_view scheme, std::wstring_v
   EXPECT_EQ(recorder.reports(), test::Reports{});
 }
 
+TEST(TimeLimits, AreTenThirtyAndSixtySeconds) {
+  EXPECT_EQ(winInet::timeLimits().connect, 10'000U);
+  EXPECT_EQ(winInet::timeLimits().send, 30'000U);
+  EXPECT_EQ(winInet::timeLimits().receive, 60'000U);
+}
+
 TEST(UrlSplitting, GivesSchemeHostAndPath) {
   expectParts(L"https://h/naips/account-service", L"https:", L"h", L"/naips/account-service");
 }
@@ -107,7 +113,7 @@ TEST(ApiErrorText, StartsWithTheMessageOfTheCode) {
     EXPECT_GT(text.find(L"  Dec: "), 3U) << code;
   }
   EXPECT_NE(winInet::apiErrorText(12152).starts_with(L"(No such error)"),
-            test::expectations().hasTextForInvalidResponse);
+            test::expectations().http.hasText(12152));
 }
 
 TEST(Transport, ReturnsTheMessageOfTheConnectStepForAUrlThatCannotBeSplit) {

@@ -1,5 +1,6 @@
 #include "tests/support/http_call.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace ktpnaips::test {
@@ -21,7 +22,7 @@ void readBody(http::Exchange& exchange, std::size_t blockSize, HttpOutcome& outc
 http::ErrorCode open(http::Exchange& exchange, const HttpCall& call) {
   if (const auto code = exchange.openSession("Velmora Flight Planner")) return code;
   if (const auto code = exchange.connect(call.host, call.port, call.route)) return code;
-  if (const auto code = exchange.openRequest("POST", L"/naips/service", call.flags)) return code;
+  if (const auto code = exchange.openRequest("POST", call.path, call.flags)) return code;
   exchange.addHeaders(
       "Accept: text/*\r\nAccept-Language: en\r\nContent-Type: text/xml; charset=utf-8\r\n"
       "Connection: Keep-Alive\r\n");
@@ -29,6 +30,21 @@ http::ErrorCode open(http::Exchange& exchange, const HttpCall& call) {
   exchange.setTimeout(http::Timeout::send, call.sendTimeout);
   exchange.setTimeout(http::Timeout::receive, call.receiveTimeout);
   return 0;
+}
+
+std::string inOrder(const std::string& request) {
+  const std::size_t start = request.find("\r\n") + 2;
+  const std::size_t end = request.find("\r\n\r\n") + 2;
+  std::vector<std::string> lines;
+  for (std::size_t at = start; at < end;) {
+    const std::size_t next = request.find("\r\n", at) + 2;
+    lines.push_back(request.substr(at, next - at));
+    at = next;
+  }
+  std::sort(lines.begin(), lines.end());
+  std::string ordered = request.substr(0, start);
+  for (const std::string& line : lines) ordered += line;
+  return ordered + request.substr(end);
 }
 
 HttpOutcome run(const HttpCall& call) {

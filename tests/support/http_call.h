@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "tests/support/scoped_environment.h"
+#include "tests/support/proxy_settings.h"
 
 namespace ktpnaips::test {
 
@@ -18,6 +18,7 @@ inline constexpr std::uint32_t lenientTls =
 struct HttpCall {
   std::wstring host = L"naips.example";
   std::uint16_t port = 80;
+  std::wstring path = L"/naips/service";
   http::Route route;
   std::uint32_t flags = http::noFlags;
   std::string body = "<a/>";
@@ -40,19 +41,16 @@ struct HttpOutcome {
 /// Runs the call; a 407 is answered as `setProxyLogIn` says.
 HttpOutcome run(const HttpCall& call);
 
+/// The request with its header lines in alphabetical order: clients differ in theirs.
+std::string inOrder(const std::string& request);
+
 /// Takes the steps up to the open request, with the headers and time-outs that a call has.
 http::ErrorCode open(http::Exchange& exchange, const HttpCall& call);
 
-/// Hides the proxies of the environment that the tests run in.
+/// Hides the proxies that the tests run behind.
 class NoProxies {
  private:
-  ScopedEnvironment http_{"http_proxy", {}};
-  ScopedEnvironment https_{"https_proxy", {}};
-  ScopedEnvironment upperHttps_{"HTTPS_PROXY", {}};
-  ScopedEnvironment all_{"all_proxy", {}};
-  ScopedEnvironment upperAll_{"ALL_PROXY", {}};
-  ScopedEnvironment no_{"no_proxy", {}};
-  ScopedEnvironment upperNo_{"NO_PROXY", {}};
+  ScopedProxy none_{""};
 };
 
 }  // namespace ktpnaips::test

@@ -1,57 +1,32 @@
 #include "tests/support/raw_server.h"
 
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <openssl/ssl.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <boost/asio/buffer.hpp>
+#include <boost/asio/ip/address_v4.hpp>
+#include <boost/asio/write.hpp>
+#include <boost/system/system_error.hpp>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <stdexcept>
 #include <utility>
 
+#include "tests/support/raw_connection.h"
+
 namespace ktpnaips::test {
+
+namespace asio = boost::asio;
+using asio::ip::tcp;
+using std::chrono::milliseconds;
 
 namespace {
 
-constexpr int patience = 20'000;
+constexpr milliseconds patience{20'000};
+constexpr milliseconds slice{20};
 
-sockaddr_in loopback(std::uint16_t port) {
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_port = htons(port);
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  return address;
-}
-
-int connectOrBind(int (*call)(int, const sockaddr*, socklen_t), int socket, std::uint16_t port) {
-  const sockaddr_in address = loopback(port);
-  return call(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-}
-
-int newSocket() {
-  const int made = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (made < 0) throw std::runtime_error("no socket");
-  return made;
-}
-
-int bound() {
-  const int made = newSocket();
-  if (connectOrBind(::bind, made, 0) != 0) throw std::runtime_error("no free port");
-  return made;
-}
-
-std::uint16_t portOf(int socket) {
-  sockaddr_in address{};
-  socklen_t length = sizeof address;
-  ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &length);
-  return ntohs(address.sin_port);
+tcp::endpoint loopback(std::uint16_t port) {
+  return {asio::ip::address_v4::loopback(), port};
 }
 
 std::wstring loopbackAddress(std::uint16_t port) {
@@ -67,14 +42,18 @@ std::size_t contentLength(std::string_view head) {
 
 }  // namespace
 
-Peer::Peer(int socket) : socket_(socket) {}
-
-Peer::~Peer() {
-  if (tls_ != nullptr) {
-    SSL_shutdown(tls_);
-    SSL_free(tls_);
+bool Peer::Connection::waitToRead(milliseconds atMost) {
+  const auto end = std::chrono::steady_clock::now() + atMost;
+  bool ready = false;
+  socket.async_wait(tcp::socket::wait_read, [&](const auto& failure) { ready = !failure; });
+  io.restart();
+  while (!ready && !stopping && std::chrono::steady_clock::now() < end) io.run_for(slice);
+  if (!ready) {
+    socket.cancel();
+    io.restart();
+    io.run();
   }
-  if (socket_ >= 0) ::close(socket_);
+  return ready;
 }
 
 std::string Peer::readHead() {
@@ -98,84 +77,67 @@ std::string Peer::readRequest() {
 
 std::size_t Peer::readSome() {
   std::array<char, 16384> buffer{};
-  pollfd ready{socket_, POLLIN, 0};
-  if ((tls_ == nullptr || SSL_pending(tls_) == 0) && ::poll(&ready, 1, patience) != 1)
-    throw std::runtime_error("nothing came");
-  const auto count = tls_ != nullptr
-                         ? SSL_read(tls_, buffer.data(), static_cast<int>(buffer.size()))
-                         : static_cast<int>(::recv(socket_, buffer.data(), buffer.size(), 0));
-  if (count <= 0) return 0;
-  pending_.append(buffer.data(), static_cast<std::size_t>(count));
-  return static_cast<std::size_t>(count);
+  SecureLayer* const secure = connection_.secure.get();
+  if (secure == nullptr || !secure->hasPending()) waitForBytes();
+  std::size_t count = 0;
+  if (secure != nullptr) {
+    count = static_cast<std::size_t>(std::max(0, secure->read(buffer.data(), buffer.size())));
+  } else {
+    boost::system::error_code ended;
+    count = connection_.socket.read_some(asio::buffer(buffer), ended);
+  }
+  pending_.append(buffer.data(), count);
+  return count;
 }
 
-void Peer::waitForBytes() const {
-  pollfd ready{socket_, POLLIN, 0};
-  if (::poll(&ready, 1, patience) != 1) throw std::runtime_error("nothing came");
+void Peer::waitForBytes() {
+  if (!connection_.waitToRead(patience)) throw std::runtime_error("nothing came");
 }
 
 void Peer::write(std::string_view bytes) {
+  if (connection_.secure == nullptr) {
+    asio::write(connection_.socket, asio::buffer(bytes));
+    return;
+  }
   while (!bytes.empty()) {
-    const auto count =
-        tls_ != nullptr
-            ? SSL_write(tls_, bytes.data(), static_cast<int>(bytes.size()))
-            : static_cast<int>(::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL));
+    const int count = connection_.secure->write(bytes);
     if (count <= 0) throw std::runtime_error("not written");
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
 }
 
-bool Peer::waitForClose(std::chrono::milliseconds atMost) {
+bool Peer::waitForClose(milliseconds atMost) {
   const auto end = std::chrono::steady_clock::now() + atMost;
   std::array<char, 4096> buffer{};
-  while (std::chrono::steady_clock::now() < end) {
-    pollfd ready{socket_, POLLIN, 0};
-    if (::poll(&ready, 1, 50) == 1 && ::recv(socket_, buffer.data(), buffer.size(), 0) <= 0)
-      return true;
+  boost::system::error_code ended;
+  for (;;) {
+    const auto left =
+        std::chrono::duration_cast<milliseconds>(end - std::chrono::steady_clock::now());
+    if (left.count() <= 0 || !connection_.waitToRead(left)) return false;
+    connection_.socket.read_some(asio::buffer(buffer), ended);
+    if (ended) return true;
   }
-  return false;
 }
 
 void Peer::reset() {
-  const linger now{1, 0};
-  ::setsockopt(socket_, SOL_SOCKET, SO_LINGER, &now, sizeof now);
-  ::close(std::exchange(socket_, -1));
+  connection_.socket.set_option(tcp::socket::linger(true, 0));
+  connection_.socket.close();
 }
 
-void Peer::startTls(SSL_CTX* context) {
-  SSL* const tls = SSL_new(context);
-  SSL_set_fd(tls, socket_);
-  if (SSL_accept(tls) != 1) {
-    SSL_free(tls);
-    throw std::runtime_error("no TLS");
-  }
-  tls_ = tls;
-}
-
-std::string Peer::serverName() const {
-  const char* const name = SSL_get_servername(tls_, TLSEXT_NAMETYPE_host_name);
-  return name != nullptr ? name : "";
-}
-
-bool Peer::resumed() const {
-  return SSL_session_reused(tls_) == 1;
-}
+struct RawServer::Listener {
+  asio::io_context io;
+  tcp::acceptor acceptor{io, loopback(0), false};
+};
 
 RawServer::RawServer(std::vector<Script> scripts)
-    : scripts_(std::move(scripts)), listener_(bound()), port_(portOf(listener_)) {
-  ::listen(listener_, 16);
-  thread_ = std::thread([this] { serve(); });
-}
+    : scripts_(std::move(scripts)),
+      listener_(std::make_unique<Listener>()),
+      port_(listener_->acceptor.local_endpoint().port()),
+      thread_([this] { serve(); }) {}
 
 RawServer::~RawServer() {
-  {
-    const std::lock_guard lock(mutex_);
-    stopping_ = true;
-    ::shutdown(listener_, SHUT_RDWR);
-    if (current_ >= 0) ::shutdown(current_, SHUT_RDWR);
-  }
+  stopping_ = true;
   thread_.join();
-  ::close(listener_);
 }
 
 std::wstring RawServer::address() const {
@@ -183,61 +145,57 @@ std::wstring RawServer::address() const {
 }
 
 void RawServer::serve() {
-  sigset_t brokenPipe;
-  sigemptyset(&brokenPipe);
-  sigaddset(&brokenPipe, SIGPIPE);
-  pthread_sigmask(SIG_BLOCK, &brokenPipe, nullptr);
-  for (;;) {
-    const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-    if (socket < 0) return;
-    {
-      const std::lock_guard lock(mutex_);
-      if (stopping_) {
-        ::close(socket);
-        return;
-      }
-      current_ = ::dup(socket);  // of its own, so that the script may close the socket
+  while (!stopping_) {
+    Peer::Connection connection(stopping_);
+    bool accepted = false;
+    listener_->acceptor.async_accept(connection.socket,
+                                     [&](const auto& failure) { accepted = !failure; });
+    listener_->io.restart();
+    while (!accepted && !stopping_) listener_->io.run_for(slice);
+    if (!accepted) {
+      listener_->acceptor.cancel();
+      listener_->io.restart();
+      listener_->io.run();
+      return;
     }
-    serveOne(socket);
-    const std::lock_guard lock(mutex_);
-    ::close(std::exchange(current_, -1));
-  }
-}
-
-void RawServer::serveOne(int socket) {
-  const int index = connections_++;
-  Peer peer(socket);
-  try {
-    scripts_[std::min(static_cast<std::size_t>(index), scripts_.size() - 1)](peer);
-  } catch (const std::exception&) {
-    return;  // the client went away, which its test sees from its own side
+    const auto index = static_cast<std::size_t>(connections_++);
+    try {
+      Peer peer(connection);
+      scripts_[std::min(index, scripts_.size() - 1)](peer);
+    } catch (const std::exception&) {
+      continue;  // the client went away, which its test sees from its own side
+    }
   }
 }
 
 std::uint16_t unusedPort() {
-  const int socket = bound();
-  const std::uint16_t port = portOf(socket);
-  ::close(socket);
-  return port;
+  asio::io_context io;
+  return tcp::socket(io, loopback(0)).local_endpoint().port();
 }
 
-FullListener::FullListener() {
-  sockets_.push_back(bound());
-  port_ = portOf(sockets_.front());
-  ::listen(sockets_.front(), 0);
+struct FullListener::Sockets {
+  asio::io_context io;
+  tcp::acceptor listener{io, tcp::v4()};
+  std::vector<tcp::socket> waiting;
+};
+
+FullListener::FullListener() : sockets_(std::make_unique<Sockets>()) {
+  sockets_->listener.bind(loopback(0));
+  sockets_->listener.listen(0);
   for (int i = 0; i < 4; ++i) {
-    sockets_.push_back(newSocket());
-    ::fcntl(sockets_.back(), F_SETFL, O_NONBLOCK);
-    connectOrBind(::connect, sockets_.back(), port_);
+    tcp::socket& client = sockets_->waiting.emplace_back(sockets_->io, tcp::v4());
+    client.async_connect(sockets_->listener.local_endpoint(), [](const auto&) {});
   }
 }
 
-FullListener::~FullListener() {
-  for (const int socket : sockets_) ::close(socket);
-}
+FullListener::~FullListener() = default;
 
 std::wstring FullListener::address() const {
-  return loopbackAddress(port_);
+  return loopbackAddress(sockets_->listener.local_endpoint().port());
+}
+
+void FullListener::close() {
+  sockets_->listener.close();
 }
 
 }  // namespace ktpnaips::test

@@ -6,13 +6,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
-using SSL = struct ssl_st;
 using SSL_CTX = struct ssl_ctx_st;
 
 namespace ktpnaips::test {
@@ -20,33 +18,32 @@ namespace ktpnaips::test {
 /// The server's end of one connection, in a script's hands. Failures throw, which ends the script.
 class Peer {
  public:
-  explicit Peer(int socket);
-  ~Peer();
-  Peer(const Peer&) = delete;
-  Peer& operator=(const Peer&) = delete;
+  struct Connection;
+
+  explicit Peer(Connection& connection) : connection_(connection) {}
 
   /// Up to and with the empty line.
   std::string readHead();
   /// The head and as much body as its Content-Length says.
   std::string readRequest();
   /// Waits until something has come, and leaves it where it is.
-  void waitForBytes() const;
+  void waitForBytes();
   void write(std::string_view bytes);
   /// Reads and drops what comes until the other side closes; says whether it did in time.
   bool waitForClose(std::chrono::milliseconds atMost = std::chrono::seconds(20));
   /// Closes with a TCP reset.
   void reset();
 
+  /// Goes on over TLS; where the tests have an OpenSSL.
   void startTls(SSL_CTX* context);
   /// The name that the client asked for in its TLS handshake.
-  std::string serverName() const;
-  bool resumed() const;
+  [[nodiscard]] std::string serverName() const;
+  [[nodiscard]] bool resumed() const;
 
  private:
   std::size_t readSome();
 
-  int socket_;
-  SSL* tls_ = nullptr;
+  Connection& connection_;
   std::string pending_;
 };
 
@@ -68,16 +65,15 @@ class RawServer {
   [[nodiscard]] int connections() const { return connections_; }
 
  private:
+  struct Listener;
+
   void serve();
-  void serveOne(int socket);
 
   std::vector<Script> scripts_;
-  int listener_;
+  std::unique_ptr<Listener> listener_;
   std::uint16_t port_ = 0;
   std::atomic<int> connections_ = 0;
-  std::mutex mutex_;
-  int current_ = -1;
-  bool stopping_ = false;
+  std::atomic<bool> stopping_ = false;
   std::thread thread_;
 };
 
@@ -92,10 +88,13 @@ class FullListener {
   FullListener(const FullListener&) = delete;
   FullListener& operator=(const FullListener&) = delete;
   [[nodiscard]] std::wstring address() const;
+  /// Refuses what waits, and what is to come.
+  void close();
 
  private:
-  std::vector<int> sockets_;
-  std::uint16_t port_ = 0;
+  struct Sockets;
+
+  std::unique_ptr<Sockets> sockets_;
 };
 
 }  // namespace ktpnaips::test

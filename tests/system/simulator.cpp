@@ -16,7 +16,7 @@ namespace {
 std::string environment(const char* name) {
   auto value = ktpnaips::terminal::environment(name);
   if (!value)
-    throw std::runtime_error(std::string("run this program through with-simulator: ") + name);
+    throw std::runtime_error(std::string("run this program as its test does: no ") + name);
   return *std::move(value);
 }
 
@@ -28,8 +28,17 @@ std::string control(std::string_view what, std::string_view body = {}) {
 
 }  // namespace
 
-std::wstring address() {
-  return ktpnaips::text::fromUtf8(environment("NAIPS_SIMULATOR"));
+std::wstring address(const std::string& certificate) {
+  const std::string name = certificate.empty() ? "" : "_" + certificate;
+  return ktpnaips::text::fromUtf8(environment(("NAIPS_SIMULATOR" + name).c_str()));
+}
+
+std::wstring authorityFile() {
+  return ktpnaips::text::fromUtf8(environment("NAIPS_SIMULATOR_CA"));
+}
+
+std::string squidAddress() {
+  return environment("NAIPS_SQUID");
 }
 
 void use(bool overHttp) {
@@ -37,7 +46,8 @@ void use(bool overHttp) {
   std::call_once(connected, [] {
     ktpnaips::Deployment deployment;
     deployment.connectTo = address();
-    deployment.caFile = ktpnaips::text::fromUtf8(environment("NAIPS_SIMULATOR_CA"));
+    deployment.caFile = authorityFile();
+    trustAuthority();
     ktpnaips::Deployment::use(std::move(deployment));
   });
   ktpnaips::NAIPSConfig config;

@@ -4,14 +4,24 @@
 #include <string>
 #include <string_view>
 
-/// The simulated service that the test program was started with (`with-simulator`).
+/// The simulated service that the test program was started with (`with-simulator`,
+/// `with-squid`).
 namespace simulator {
 
 inline constexpr std::wstring_view user = L"DEMO";
 inline constexpr std::wstring_view password = L"demo-pilot";
 
-/// "address:port".
-std::wstring address();
+/// "address:port" of the service, or of the one that has another certificate, such as "EXPIRED".
+std::wstring address(const std::string& certificate = {});
+
+/// The PEM file of the certificate authority of all of them but "UNKNOWN_ISSUER".
+std::wstring authorityFile();
+
+/// Makes the system trust that authority, where a file alone does not.
+void trustAuthority();
+
+/// "address:port" of the squid beside the test program.
+std::string squidAddress();
 
 /// Sends every connection of this process to the simulator and trusts its authority; sets the
 /// calling thread's account and mode: 1 is HTTPS; with `overHttp`, the relaying host over HTTP.

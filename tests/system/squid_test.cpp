@@ -1,124 +1,139 @@
-#include <gtest/gtest.h>
-#include <ktpnaips/platform/http.h>
+#include "tests/support/failure_recorder.h"
+#include "tests/support/http_call.h"
+#include "tests/support/proxy_settings.h"
+#include "tests/support/raw_server.h"
+#include "tests/system/simulator.h"
+
+#include <ktpnaips/core/authenticate.h>
+#include <ktpnaips/core/deployment.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/text.h>
 
-#include <memory>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <optional>
 #include <string>
 
-#include "tests/support/http_call.h"
-#include "tests/support/raw_server.h"
-#include "tests/support/scoped_environment.h"
-#include "tests/support/squid.h"
-#include "tests/support/test_certificates.h"
+using namespace ktpnaips;
 
-namespace ktpnaips::test {
 namespace {
 
-const std::string success =
-    "HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: 4\r\n\r\n<b/>";
-
+/// Calls through a real proxy that asks for an account; see with-squid.
 class SquidProxy : public testing::Test {
  protected:
-  static void SetUpTestSuite() { squid() = std::make_unique<Squid>(); }
-  static void TearDownTestSuite() { squid().reset(); }
+  SquidProxy() { simulator::use(true); }
   ~SquidProxy() override { setProxyLogIn({}); }
 
-  static std::unique_ptr<Squid>& squid() {
-    static std::unique_ptr<Squid> running;
-    return running;
-  }
-  static void logInAs(const std::wstring& user, const std::wstring& password) {
-    setProxyLogIn([user, password, asked = false](std::wstring_view) mutable {
-      const bool first = !asked;
-      asked = true;
-      return first ? std::optional(ProxyCredentials{user, password}) : std::nullopt;
+  void logInAs(const std::wstring& user, const std::wstring& password) {
+    setProxyLogIn([=, this](std::wstring_view) {
+      return timesAsked++ == 0 ? std::optional(ProxyCredentials{user, password}) : std::nullopt;
     });
   }
-  static RawServer::Script plain() {
-    return [](Peer& peer) {
-      peer.readRequest();
-      peer.write(success);
-    };
+  static std::uint16_t simulatorPort() {
+    const std::wstring address = simulator::address();
+    return static_cast<std::uint16_t>(std::stoul(address.substr(address.rfind(L':') + 1)));
   }
-  RawServer::Script secured() const {
-    return [context = authority_.server({})](Peer& peer) {
-      peer.startTls(context.get());
-      peer.readRequest();
-      peer.write(success);
-    };
-  }
-  static HttpCall plainCall(const RawServer& server) {
-    HttpCall call;
+  static test::HttpCall plainCall() {
+    test::HttpCall call;
     call.host = L"127.0.0.1";
-    call.port = server.port();
+    call.port = simulatorPort();
     return call;
   }
-  HttpCall securedCall(const RawServer& server) const {
-    HttpCall call = plainCall(server);
-    call.flags = lenientTls;
-    call.route.caFile = text::fromUtf8(authority_.file());
+  static test::HttpCall securedCall() {
+    test::HttpCall call = plainCall();
+    call.flags = test::lenientTls;
+    call.route.caFile = simulator::authorityFile();
     return call;
   }
 
-  CertificateAuthority authority_;
+  int timesAsked = 0;
+  std::size_t before = simulator::requestCount();
 
  private:
-  NoProxies noProxies_;
-  ScopedEnvironment http_{"http_proxy", squid()->url()};
-  ScopedEnvironment https_{"https_proxy", squid()->url()};
+  test::ScopedProxy proxy_{simulator::squidAddress()};
 };
 
 TEST_F(SquidProxy, RefusesWhoDoesNotLogIn) {
-  const RawServer server(plain());
-  const HttpOutcome outcome = run(plainCall(server));
+  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  const test::HttpOutcome outcome = run(plainCall());
   EXPECT_EQ(outcome.status, "407");
   EXPECT_NE(outcome.body.find("<html"), std::string::npos);
-  EXPECT_EQ(server.connections(), 0);
+  EXPECT_EQ(simulator::requestCount(), before);
 }
 
 TEST_F(SquidProxy, CarriesTheRequestOnceLoggedIn) {
-  const RawServer server(plain());
   logInAs(L"pilot", L"secret 1");
-  const HttpOutcome outcome = run(plainCall(server));
-  EXPECT_EQ(outcome.status, "200");
-  EXPECT_EQ(outcome.body, "<b/>");
-  EXPECT_EQ(server.connections(), 1);
+  const test::HttpOutcome outcome = run(plainCall());
+  EXPECT_EQ(outcome.code, 0U);
+  EXPECT_NE(outcome.status, "407");
+  EXPECT_EQ(timesAsked, 1);
+  EXPECT_EQ(outcome.logIns, 1);
 }
 
 TEST_F(SquidProxy, RefusesAWrongPassword) {
-  const RawServer server(plain());
   logInAs(L"pilot", L"guess");
-  const HttpOutcome outcome = run(plainCall(server));
+  const test::HttpOutcome outcome = run(plainCall());
   EXPECT_EQ(outcome.status, "407");
   EXPECT_EQ(outcome.logIns, 1);
-  EXPECT_EQ(server.connections(), 0);
+  EXPECT_EQ(simulator::requestCount(), before);
 }
 
 TEST_F(SquidProxy, RefusesATunnelToWhoDoesNotLogIn) {
-  const RawServer server(secured());
-  const HttpOutcome outcome = run(securedCall(server));
+  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  const test::HttpOutcome outcome = run(securedCall());
   EXPECT_EQ(outcome.code, 0U);
   EXPECT_EQ(outcome.status, "407");
-  EXPECT_EQ(server.connections(), 0);
+  EXPECT_EQ(simulator::requestCount(), before);
 }
 
 TEST_F(SquidProxy, TunnelsOnceLoggedIn) {
-  const RawServer server(secured());
   logInAs(L"pilot", L"secret 1");
-  const HttpOutcome outcome = run(securedCall(server));
-  EXPECT_EQ(outcome.status, "200");
-  EXPECT_EQ(outcome.body, "<b/>");
-  EXPECT_EQ(server.connections(), 1);
+  const test::HttpOutcome outcome = run(securedCall());
+  EXPECT_EQ(outcome.code, 0U);
+  EXPECT_NE(outcome.status, "407");
+  EXPECT_EQ(outcome.logIns, 1);
 }
 
 TEST_F(SquidProxy, ReportsAServerThatTheProxyCannotReachAsItsAnswer) {
   logInAs(L"pilot", L"secret 1");
-  HttpCall call;
-  call.host = L"127.0.0.1";
-  call.port = unusedPort();
+  test::HttpCall call = plainCall();
+  call.port = test::unusedPort();
   EXPECT_EQ(run(call).status, "503");
 }
 
+/// Submits go to the host's own name, through the proxy, instead of straight to the simulator.
+class SubmitThroughSquid : public SquidProxy {
+ protected:
+  SubmitThroughSquid() {
+    Deployment deployment = outer_;
+    deployment.connectTo.clear();
+    Deployment::use(deployment);
+  }
+  ~SubmitThroughSquid() override { Deployment::use(outer_); }
+
+ private:
+  Deployment outer_ = Deployment::current();
+};
+
+TEST_F(SubmitThroughSquid, ASubmitIsAnsweredByTheServiceOnceLoggedIn) {
+  logInAs(L"pilot", L"secret 1");
+  const auto response = AuthenticateRqs().submit();
+  EXPECT_FALSE(response->Error()) << text::toUtf8(response->ErrorText());
+  EXPECT_FALSE(response->Name().empty());
+  EXPECT_EQ(timesAsked, 1);
+}
+
+TEST_F(SubmitThroughSquid, ASubmitReportsTheProxysAnswerWithItsHeadersWhenNobodyLogsIn) {
+  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  const test::FailureRecorder failures;
+  const auto response = AuthenticateRqs().submit();
+  EXPECT_TRUE(response->Error());
+  EXPECT_EQ(
+      response->ErrorText().find(L"SOAP Fault: Unrecognised response.  Details below.\r\nHTTP/1.1 "
+                                 L"407 Proxy Authentication Required\r\n"),
+      0U);
+  EXPECT_TRUE(failures.reports().empty());
+}
+
 }  // namespace
-}  // namespace ktpnaips::test

@@ -9,8 +9,9 @@
 
 #include <algorithm>
 #include <atomic>
-#include <barrier>
 #include <cstdint>
+#include <functional>
+#include <future>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,21 +25,24 @@ constexpr int threadCount = 8;
 constexpr int submitsPerThread = 200;
 
 TEST(Threads, NeverSeeEachOthersAccountAndMode) {
-  std::barrier<> bothHaveSet(2);
-  const auto run = [&](std::int32_t mode, const wchar_t* user) {
+  // Futures: without a futex, as on Windows, GCC 12's std::barrier can miss its wake-up.
+  std::promise<void> firstIsSet;
+  std::promise<void> secondIsSet;
+  const auto run = [](std::int32_t mode, const wchar_t* user, std::promise<void>& own,
+                      std::promise<void>& other) {
     NAIPSConfig config;
     config.Mode(mode);
     config.UserName(user);
     config.Password(std::wstring(L"secret of ") + user);
-    bothHaveSet.arrive_and_wait();
+    own.set_value();
+    other.get_future().wait();
     EXPECT_EQ(config.Mode(), mode);
     EXPECT_EQ(config.UserName(), user);
     EXPECT_EQ(config.Password(), std::wstring(L"secret of ") + user);
     EXPECT_EQ(ktpnaips::serviceURL(9).empty(), mode == 7);
-    bothHaveSet.arrive_and_wait();
   };
-  std::thread first(run, 2, L"FIRST");
-  std::thread second(run, 7, L"SECOND");
+  std::thread first(run, 2, L"FIRST", std::ref(firstIsSet), std::ref(secondIsSet));
+  std::thread second(run, 7, L"SECOND", std::ref(secondIsSet), std::ref(firstIsSet));
   first.join();
   second.join();
   EXPECT_EQ(NAIPSConfig().UserName(), L"");
