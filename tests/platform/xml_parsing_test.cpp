@@ -247,5 +247,29 @@ TEST(XmlParsing, ReadsAPrettyPrintedDocumentLikeACompactOne) {
   EXPECT_EQ(document.serialise(), compact);
 }
 
+TEST(XmlParsing, BindsANamespaceWhoseUriHasAnAmpersand) {
+  const Document document = Document::parse("<n:a xmlns:n='urn:x?a&amp;b'><n:b>1</n:b></n:a>");
+  ASSERT_TRUE(document);
+  EXPECT_EQ(document.documentElement().namespaceUri(), L"urn:x?a&b");
+}
+
+TEST(XmlParsing, SerialisesAPartWithTheNamespacesThatItHasFromAround) {
+  const Document document = Document::parse(
+      "<e xmlns='urn:e' xmlns:n='urn:n'><n:rsp a='1'><n:code>x</n:code></n:rsp></e>");
+  ASSERT_TRUE(document);
+  const std::string part = document.documentElement().firstChild().serialise();
+  EXPECT_EQ(part, "<n:rsp xmlns:n=\"urn:n\" a=\"1\"><n:code>x</n:code></n:rsp>");
+}
+
+TEST(XmlParsing, SerialisesAPartThatCanBeReadAgainForTheSame) {
+  const Document document =
+      Document::parse("<e xmlns='urn:e'><n:rsp xmlns:n='urn:n'><inner/></n:rsp></e>");
+  ASSERT_TRUE(document);
+  const Document part = Document::parse(document.documentElement().firstChild().serialise());
+  ASSERT_TRUE(part);
+  EXPECT_EQ(part.documentElement().namespaceUri(), L"urn:n");
+  EXPECT_EQ(part.documentElement().firstChild().namespaceUri(), L"urn:e");
+}
+
 }  // namespace
 }  // namespace ktpnaips

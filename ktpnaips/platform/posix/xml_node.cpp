@@ -110,6 +110,16 @@ const xmlChar* onlyText(xmlNodePtr node) {
   return single && node->type != XML_DOCUMENT_NODE ? node->children->content : nullptr;
 }
 
+using NodeCopy = std::unique_ptr<xmlNode, FreeWith<xmlFreeNode>>;
+
+/// A copy of an element that stands in another one, declaring the namespaces that it has from
+/// around; nothing for what can be written where it is.
+NodeCopy partOfADocument(xmlNodePtr node) {
+  const bool isPart = node->type == XML_ELEMENT_NODE && node->parent != nullptr &&
+                      node->parent->type == XML_ELEMENT_NODE;
+  return isPart ? NodeCopy(made(xmlDocCopyNode(node, node->doc, 1))) : nullptr;
+}
+
 xmlNodePtr contentRoot(xmlNodePtr node) {
   return node->type == XML_DOCUMENT_NODE ? xmlDocGetRootElement(node->doc) : node;
 }
@@ -296,8 +306,10 @@ std::string Node::serialise() const {
     throw RuntimeFault(fault::invalidCall);
   }
   const std::unique_ptr<xmlBuffer, FreeWith<xmlBufferFree>> buffer(made(xmlBufferCreate()));
-  const xmlNodePtr node = contentRoot(NodeAccess::raw(*this));
-  if (node == nullptr) return {};
+  const xmlNodePtr root = contentRoot(NodeAccess::raw(*this));
+  if (root == nullptr) return {};
+  const NodeCopy part = partOfADocument(root);
+  const xmlNodePtr node = part ? part.get() : root;
   xmlSaveCtxtPtr save =
       made(xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_NO_DECL | XML_SAVE_AS_XML));
   const long saved = xmlSaveTree(save, node);
