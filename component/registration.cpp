@@ -181,6 +181,8 @@ void unregisterComponent(Scope scope) {
     registry.remove(L"Interface" / textOf(each.id));
   }
   removeLibrary(registry);
+  // A user who had no classes before had not even the keys that hold them.
+  for (const wchar_t* key : {L"CLSID", L"Interface", L"TypeLib"}) registry.removeUnlessUsed(key);
 }
 
 }  // namespace ktpnaips::component
