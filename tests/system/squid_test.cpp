@@ -22,7 +22,6 @@ namespace {
 /// Calls through a real proxy that asks for an account; see with-squid.
 class SquidProxy : public testing::Test {
  protected:
-  SquidProxy() { simulator::use(true); }
   ~SquidProxy() override { setProxyLogIn({}); }
 
   void logInAs(const std::wstring& user, const std::wstring& password) {
@@ -48,9 +47,14 @@ class SquidProxy : public testing::Test {
   }
 
   int timesAsked = 0;
-  std::size_t before = simulator::requestCount();
+  const std::size_t before = countAtStart();
 
  private:
+  static std::size_t countAtStart() {
+    simulator::use(true);
+    return simulator::requestCount();
+  }
+
   test::ScopedProxy proxy_{simulator::squidAddress()};
 };
 
