@@ -32,8 +32,8 @@ bool isVisible(std::wstring_view path);
 /// one listing; none when the folder cannot be read. A name ends with its call.
 void forEachVisible(std::wstring_view folder, const std::function<void(std::wstring_view)>& use);
 
-/// True when `name` can be a file directly inside a folder: not empty, no separator, drive letter
-/// or control character, no reserved device name.
+/// True when `name` can be a file directly inside a folder, here and where the folder may be copied
+/// to: not empty, no separator, drive letter, wildcard or control character, no name of a device.
 bool isPlainName(std::wstring_view name);
 
 /// Removes the file if it can.

@@ -120,14 +120,18 @@ TEST_F(FilesInAFolder, HaveNoControlCharactersInTheirNames) {
   }
 }
 
-#ifdef _WIN32
+TEST_F(FilesInAFolder, HaveNoWildcardsOrBracketsInTheirNames) {
+  for (const wchar_t* name : {L"a*", L"a?", L"a<b", L"a>b", L"a|b", L"a\"b"}) {
+    EXPECT_FALSE(files::isPlainName(name));
+  }
+}
+
 TEST_F(FilesInAFolder, HaveNoNamesOfDevices) {
   for (const wchar_t* name : {L"CON", L"con", L"PRN", L"AUX", L"NUL", L"nul.txt", L"COM1",
                               L"COM9.x", L"LPT1", L"Lpt9.a.b"}) {
     EXPECT_FALSE(files::isPlainName(name));
   }
 }
-#endif
 
 TEST_F(FilesInAFolder, AreWrittenByteForByte) {
   std::string bytes;

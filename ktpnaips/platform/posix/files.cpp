@@ -8,7 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -153,14 +152,6 @@ void forEachVisible(std::wstring_view folder, const std::function<void(std::wstr
   while (const dirent* entry = ::readdir(listing.get())) {  // NOLINT(concurrency-mt-unsafe)
     if (!isFolder(listing.get(), *entry)) use(text::fromUtf8(entry->d_name));
   }
-}
-
-bool isPlainName(std::wstring_view name) {
-  const auto canStandInName = [](wchar_t c) {
-    return c >= L' ' && c != L'/' && c != L'\\' && c != L':';
-  };
-  return !name.empty() && name != L"." && name != L".." &&
-         std::ranges::all_of(name, canStandInName);
 }
 
 void remove(std::wstring_view path) noexcept {

@@ -121,24 +121,6 @@ std::wstring_view lastPart(std::wstring_view path) {
   return path.substr(path.find_last_of(L"\\/") + 1);
 }
 
-/// True for the names that stand for devices, in every folder and with every extension.
-bool isDevice(std::wstring_view name) {
-  std::wstring_view base = name.substr(0, name.find(L'.'));
-  base = base.substr(0, base.find_last_not_of(L' ') + 1);
-  const std::wstring upper = text::toUpper(base);
-  constexpr std::array whole{L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
-  if (std::ranges::find(whole, upper) != whole.end()) return true;
-  const bool isNumbered =
-      upper.size() == 4 && (upper.starts_with(L"COM") || upper.starts_with(L"LPT"));
-  constexpr std::wstring_view numbers = L"123456789\u00B9\u00B2\u00B3";
-  return isNumbered && numbers.find(upper.back()) != std::wstring_view::npos;
-}
-
-bool canStandInName(wchar_t c) {
-  constexpr std::wstring_view reserved = L"<>:\"/\\|?*";
-  return c >= L' ' && reserved.find(c) == std::wstring_view::npos;
-}
-
 }  // namespace
 
 std::wstring createTemporary(std::wstring_view prefix) {
@@ -185,11 +167,6 @@ void forEachVisible(std::wstring_view folder, const std::function<void(std::wstr
   if (!pattern.ends_with(separator)) pattern += separator;
   Search search(pattern + L'*');
   for (auto name = search.next(); !name.empty(); name = search.next()) use(name);
-}
-
-bool isPlainName(std::wstring_view name) {
-  return !name.empty() && name != L"." && name != L".." &&
-         std::ranges::all_of(name, canStandInName) && !isDevice(name);
 }
 
 void remove(std::wstring_view path) noexcept {
