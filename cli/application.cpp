@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -44,10 +45,19 @@ void addCommands(CLI::App& app, Run& selected) {
   }
 }
 
+/// The command as far as it was understood, as in "naips chart get".
+std::string understoodCommand(const CLI::App& app) {
+  std::string words = app.get_name();
+  for (auto next = app.get_subcommands(); !next.empty(); next = next.front()->get_subcommands()) {
+    words += ' ' + next.front()->get_name();
+  }
+  return words;
+}
+
 /// CLI11's messages, with where to look next.
 int refuse(const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() == 0) return app.exit(error);
-  fmt::print(stderr, "naips: {}\nTry \"naips --help\".\n", error.what());
+  fmt::print(stderr, "naips: {}\nTry \"{} --help\".\n", error.what(), understoodCommand(app));
   return unusable;
 }
 
