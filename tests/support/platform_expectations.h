@@ -37,8 +37,12 @@ struct HttpExpectations {
   bool readsEarlyAnswers;    ///< that come before the body is sent
   bool passesOverEarlyHints;
   bool followsRedirects;
+  bool mayTakeAResetForNoAnswer;  ///< it depends on the moment
   std::span<const std::uint32_t> codesWithoutText;
 
+  [[nodiscard]] bool isReset(std::uint32_t code) const {
+    return code == reset || (mayTakeAResetForNoAnswer && code == noAnswer);
+  }
   [[nodiscard]] bool hasText(std::uint32_t code) const {
     return std::find(codesWithoutText.begin(), codesWithoutText.end(), code) ==
            codesWithoutText.end();
@@ -56,56 +60,87 @@ struct PlatformExpectations {
 
 inline constexpr std::size_t aGigabyte = std::size_t{1} << 30U;
 
-inline constexpr PlatformExpectations onPosix{aGigabyte,
-                                              1'000'000,
-                                              true,
-                                              true,
-                                              {12045,
-                                               12030,
-                                               12152,
-                                               12031,
-                                               12031,
-                                               12002,
-                                               12002,
-                                               true,
-                                               false,
-                                               true,
-                                               false,
-                                               false,
-                                               true,
-                                               true,
-                                               false,
-                                               {}}};
+inline constexpr PlatformExpectations onPosix{
+    .longestText = aGigabyte,
+    .mostLevels = 1'000'000,
+    .refusesUndeclaredPrefixes = true,
+    .tellsWhereParsingStopped = true,
+    .http =
+        {
+            .unknownIssuer = 12045,
+            .noAnswer = 12030,
+            .notHttp = 12152,
+            .reset = 12031,
+            .resetWhileSending = 12031,
+            .sendTimeout = 12002,
+            .answerTimeout = 12002,
+            .timesOutConnecting = true,
+            .takesShortBodiesForWhole = false,
+            .keepsBlocksCutShort = true,
+            .keepsConnections = false,
+            .readsOnWhenGivenUp = false,
+            .readsEarlyAnswers = true,
+            .passesOverEarlyHints = true,
+            .followsRedirects = false,
+            .mayTakeAResetForNoAnswer = false,
+            .codesWithoutText = {},
+        },
+};
 
 /// As documented; what a person on Windows may find otherwise belongs here.
-inline constexpr PlatformExpectations onWindows{aGigabyte,
-                                                255,
-                                                true,
-                                                true,
-                                                {12045,
-                                                 12030,
-                                                 12152,
-                                                 12031,
-                                                 12031,
-                                                 12002,
-                                                 12002,
-                                                 true,
-                                                 false,
-                                                 false,
-                                                 true,
-                                                 false,
-                                                 true,
-                                                 false,
-                                                 true,
-                                                 {}}};
+inline constexpr PlatformExpectations onWindows{
+    .longestText = aGigabyte,
+    .mostLevels = 255,
+    .refusesUndeclaredPrefixes = true,
+    .tellsWhereParsingStopped = true,
+    .http =
+        {
+            .unknownIssuer = 12045,
+            .noAnswer = 12030,
+            .notHttp = 12152,
+            .reset = 12031,
+            .resetWhileSending = 12031,
+            .sendTimeout = 12002,
+            .answerTimeout = 12002,
+            .timesOutConnecting = true,
+            .takesShortBodiesForWhole = false,
+            .keepsBlocksCutShort = false,
+            .keepsConnections = true,
+            .readsOnWhenGivenUp = false,
+            .readsEarlyAnswers = true,
+            .passesOverEarlyHints = false,
+            .followsRedirects = true,
+            .mayTakeAResetForNoAnswer = false,
+            .codesWithoutText = {},
+        },
+};
 
 inline constexpr PlatformExpectations onWine{
-    10'000'000,
-    1'999,
-    false,
-    false,
-    {12057, 0, 0, 12030, anyFailure, anyFailure, 12030, false, true, false, true, true, false,
-     false, true, codesWithoutTextUnderWine}};
+    .longestText = 10'000'000,
+    .mostLevels = 1'999,
+    .refusesUndeclaredPrefixes = false,
+    .tellsWhereParsingStopped = false,
+    .http =
+        {
+            .unknownIssuer = 12057,
+            .noAnswer = 0,
+            .notHttp = 0,
+            .reset = 12030,
+            .resetWhileSending = anyFailure,
+            .sendTimeout = anyFailure,
+            .answerTimeout = 12030,
+            .timesOutConnecting = false,
+            .takesShortBodiesForWhole = true,
+            .keepsBlocksCutShort = false,
+            .keepsConnections = true,
+            .readsOnWhenGivenUp = true,
+            .readsEarlyAnswers = false,
+            .passesOverEarlyHints = false,
+            .followsRedirects = true,
+            .mayTakeAResetForNoAnswer = true,
+            .codesWithoutText = codesWithoutTextUnderWine,
+        },
+};
 
 inline const PlatformExpectations& expectations() {
 #ifdef _WIN32

@@ -132,7 +132,7 @@ const wchar_t* ifNoAnswer() {
 
 const std::array faultCases{
     FaultCase{"close-after-request", unrecognised, ifNoAnswer()},
-    FaultCase{"reset-after-request", unrecognised, L"HttpSendRequest call failed: "},
+    FaultCase{"reset-after-request", unrecognised, ifNoAnswer()},
     FaultCase{"truncate-body", unrecognised, L"<"},
     FaultCase{"http-500", unrecognised, L"HTTP/1.1 500"},
     FaultCase{"html-200", unrecognised, L"HTTP/1.1 200"},
