@@ -85,7 +85,7 @@ std::string Service::Impl::controlled(const ReceivedRequest& request) {
   const std::string_view what = std::string_view(request.target).substr(controlPath.size());
   if (what == "fault") {
     fault = faultNamed(request.body);
-    return {};
+    return "done";
   }
   const std::lock_guard lock(mutex);
   if (what == "count") {

@@ -20,10 +20,14 @@ std::string environment(const char* name) {
   return *std::move(value);
 }
 
-/// Asks the simulator itself; its answer's text.
+/// Asks the simulator itself; its answer's text. Wine on a busy machine loses one now and then.
 std::string control(std::string_view what, std::string_view body = {}) {
-  return ktpnaips::winInet::winInetSend(
-      L"http://simulator/control/" + ktpnaips::text::fromUtf8(what), L"", body);
+  const std::wstring url = L"http://simulator/control/" + ktpnaips::text::fromUtf8(what);
+  std::string answer;
+  for (int attempt = 0; attempt < 3 && answer.empty(); ++attempt) {
+    answer = ktpnaips::winInet::winInetSend(url, L"", body);
+  }
+  return answer;
 }
 
 }  // namespace
