@@ -43,9 +43,14 @@ class ScratchFolder {
 class DataFolder {
  public:
 #ifdef _WIN32
-  // The profile's folder cannot be moved for one process: what it holds steps aside.
+  // The profile's folder cannot be moved for one process: what it holds steps aside. What a test
+  // that was broken off has left there is nobody's.
   DataFolder() : path_(std::filesystem::path(files::applicationDataFolder()) / "VelmoraSoftware") {
-    if (std::filesystem::exists(path_)) std::filesystem::rename(path_, aside());
+    if (std::filesystem::exists(aside())) {
+      std::filesystem::remove_all(path_);
+    } else if (std::filesystem::exists(path_)) {
+      std::filesystem::rename(path_, aside());
+    }
   }
   ~DataFolder() {
     std::error_code ignored;

@@ -6,9 +6,14 @@
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
 
+#include <gtest/gtest.h>
+
 #include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <utility>
+
+#include "tests/support/data_folder.h"
 
 namespace simulator {
 namespace {
@@ -29,6 +34,19 @@ std::string control(std::string_view what, std::string_view body = {}) {
   }
   return answer;
 }
+
+/// Products of the exchanges go where they are removed.
+class OwnDataFolder : public testing::Environment {
+ public:
+  void SetUp() override { folder_.emplace(); }
+  void TearDown() override { folder_.reset(); }
+
+ private:
+  std::optional<ktpnaips::test::DataFolder> folder_;
+};
+
+[[maybe_unused]] const testing::Environment* const ownDataFolder =
+    testing::AddGlobalTestEnvironment(new OwnDataFolder);  // owned by GoogleTest
 
 }  // namespace
 
