@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -79,6 +81,37 @@ TEST_F(LightRequest, LeavesThePointOfAnInvalidOneEmpty) {
   EXPECT_EQ(requestDocument(request), document("<ndd:point/>"));
 }
 
+TEST_F(LightRequest, LeavesThePointEmptyWhoseValuesWereNeverSet) {
+  const test::FailureRecorder recorder;
+  for (const std::shared_ptr<Point>& unset :
+       {std::shared_ptr<Point>(std::make_shared<NamedPoint>()),
+        std::shared_ptr<Point>(std::make_shared<CoordinatePoint>()),
+        std::shared_ptr<Point>(std::make_shared<BearingDistPoint>())}) {
+    request.Point(unset);
+    EXPECT_EQ(requestDocument(request), document("<ndd:point/>"));
+  }
+  EXPECT_EQ(recorder.reports(), test::Reports{});
+}
+
+TEST_F(LightRequest, TakesNumbersOfAnyMagnitude) {
+  const test::FailureRecorder recorder;
+  using Double = std::numeric_limits<double>;
+  for (const double value : {1e300, -1e300, Double::infinity(), Double::quiet_NaN()}) {
+    request.setLatLon(value, 0);
+    EXPECT_EQ(requestDocument(request), document("<ndd:point/>"));
+    request.setLatLon(0, value);
+    EXPECT_EQ(requestDocument(request), document("<ndd:point/>"));
+  }
+  for (const std::int16_t value :
+       {std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()}) {
+    request.setBearingDistance(L"sy", value, 25);
+    EXPECT_EQ(requestDocument(request), document("<ndd:point/>"));
+    request.setBearingDistance(L"sy", 45, value);
+    EXPECT_EQ(requestDocument(request), document("<ndd:point/>"));
+  }
+  EXPECT_EQ(recorder.reports(), test::Reports{});
+}
+
 class FailingPoint : public Point {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
@@ -127,6 +160,18 @@ TEST(LightAnswer, LeavesMissingTextsEmpty) {
   EXPECT_EQ(response.ForDate(), L"2026-03-07");
   EXPECT_EQ(response.FirstLight(), L"");
   EXPECT_EQ(response.LastLight(), L"0859");
+  EXPECT_EQ(recorder.reports(), test::Reports{});
+}
+
+TEST(LightAnswer, TakesOnlyTextsThatAreItsOwnChildren) {
+  const test::FailureRecorder recorder;
+  FirstLastLightRsp response;
+  test::load(response, test::success("<n:more><n:date>a</n:date><n:first>b</n:first><n:last>c"
+                                     "</n:last></n:more><date>d</date>"));
+  EXPECT_FALSE(response.Error());
+  EXPECT_EQ(response.ForDate(), L"");
+  EXPECT_EQ(response.FirstLight(), L"");
+  EXPECT_EQ(response.LastLight(), L"");
   EXPECT_EQ(recorder.reports(), test::Reports{});
 }
 

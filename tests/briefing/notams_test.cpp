@@ -199,8 +199,17 @@ TEST(NotamList, EndsAtAMissingPieceOfAnIdentificationAndKeepsTheOnesBefore) {
 }
 
 TEST(NotamList, EndsAtAYearBeyondItsRange) {
-  expectEndAt(loc("YSSY") + number("C", "1234", "32768"), L"YSSY", L"C1234/",
-              L"Error 6 (Overflow)");
+  for (const char* year : {"32768", "-32769", "1e300", "1e999"}) {
+    expectEndAt(loc("YSSY") + number("C", "1234", year), L"YSSY", L"C1234/", L"Error 6 (Overflow)");
+  }
+}
+
+TEST(NotamList, ListsOnlyNotamsThatAreItsOwnChildren) {
+  ViewNOTAMListForSPFIBRsp response;
+  test::load(response, test::success("<n:more><n:spfib>4711</n:spfib><n:notam/></n:more><notam/>"));
+  EXPECT_FALSE(response.Error());
+  EXPECT_EQ(response.SPFIBNumber(), L"");
+  EXPECT_EQ(response.Count(), 0);
 }
 
 TEST(NotamList, StaysEmptyWhenItFailed) {

@@ -69,7 +69,7 @@ TEST(Groups, TakeOnlyTheTextsOneAndTrueForAManager) {
     GetGroupAffiliationRsp response;
     test::load(response, test::success("<n:group " + attribute + "/>"));
     EXPECT_EQ(response.Count(), 1);
-    return response.Item(1)->Manager();
+    return response.Count() == 1 && response.Item(1)->Manager();
   };
   EXPECT_TRUE(isManager("manager=\"true\""));
   EXPECT_TRUE(isManager("manager=\"1\""));
@@ -82,11 +82,14 @@ TEST(Groups, TakeOnlyTheTextsOneAndTrueForAManager) {
 
 TEST(Groups, WithoutANameAreKept) {
   GetGroupAffiliationRsp response;
-  test::load(response, test::success("<n:group manager=\"1\"/><n:group><name>x</name></n:group>"));
-  ASSERT_EQ(response.Count(), 2);
+  test::load(response, test::success("<n:group manager=\"1\"/><n:group><name>x</name></n:group>"
+                                     "<n:group><n:more><n:group-name>y</n:group-name></n:more>"
+                                     "</n:group>"));
+  ASSERT_EQ(response.Count(), 3);
   EXPECT_EQ(response.Item(1)->Name(), L"");
   EXPECT_TRUE(response.Item(1)->Manager());
   EXPECT_EQ(response.Item(2)->Name(), L"");
+  EXPECT_EQ(response.Item(3)->Name(), L"");
 }
 
 TEST(Groups, AreNoneWhenTheAnswerHasNoneOrFailed) {

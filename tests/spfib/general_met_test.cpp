@@ -90,7 +90,9 @@ TEST(MetMessageDirectory, ListsTheMessagesThatHaveANameAndAType) {
 
 TEST(MetMessageDirectory, MayBeEmptyOrFailed) {
   GeneralMETMessageDirRsp empty;
-  test::load(empty, test::success(""));
+  test::load(empty, test::success("<n:more><n:msg><n:name>a</n:name><n:type>T</n:type></n:msg>"
+                                  "</n:more><n:msg><n:more><n:name>a</n:name></n:more>"
+                                  "<n:type>T</n:type></n:msg>"));
   EXPECT_FALSE(empty.Error());
   EXPECT_EQ(empty.Count(), 0);
   GeneralMETMessageDirRsp failed;

@@ -122,18 +122,28 @@ TEST(LocationDirectory, EndsBeforeAnEntryWithALatitudeOnly) {
 }
 
 TEST(LocationDirectory, EndsBeforeAnEntryWithATooLargeNumber) {
-  const test::FailureRecorder recorder;
+  for (const std::string& tooLarge : {coord("1e999", "2"), coord("1", "-1e999")}) {
+    const test::FailureRecorder recorder;
+    LocAirspaceDirectoryRsp response;
+    test::load(response, test::success(coord("1", "2") + tooLarge));
+    EXPECT_EQ(response.Count(), 1);
+    EXPECT_EQ(recorder.reports(),
+              test::Reports{L"Error 6 (Overflow) in procedure extractData of Class Module "
+                            L"LocAirspaceDirectoryRsp"});
+  }
+}
+
+TEST(LocationDirectory, KeepsCoordinatesOfAnyMagnitude) {
   LocAirspaceDirectoryRsp response;
-  test::load(response, test::success(coord("1", "2") + coord("1e999", "2")));
-  EXPECT_EQ(response.Count(), 1);
-  EXPECT_EQ(recorder.reports(),
-            test::Reports{L"Error 6 (Overflow) in procedure extractData of Class Module "
-                          L"LocAirspaceDirectoryRsp"});
+  test::load(response, test::success(coord("1e308", "-40000")));
+  ASSERT_EQ(response.Count(), 1);
+  EXPECT_EQ(response.Item(1)->Coord()->Lat(), 1e308);
+  EXPECT_EQ(response.Item(1)->Coord()->Lon(), -40000.0);
 }
 
 TEST(LocationDirectory, MayBeEmptyOrFailed) {
   LocAirspaceDirectoryRsp empty;
-  test::load(empty, test::success(""));
+  test::load(empty, test::success("<n:more><n:loc-airspace/></n:more><loc-airspace/>"));
   EXPECT_FALSE(empty.Error());
   EXPECT_EQ(empty.Count(), 0);
   LocAirspaceDirectoryRsp failed;

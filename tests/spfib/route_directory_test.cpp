@@ -145,7 +145,7 @@ TEST(RouteDirectory, ReadsWhatItsRoutesHave) {
 
 TEST(RouteDirectory, MayBeEmpty) {
   RouteDirectoryRsp response;
-  test::load(response, test::success(""));
+  test::load(response, test::success("<n:more><n:route/></n:more><route/>"));
   EXPECT_FALSE(response.Error());
   EXPECT_EQ(response.Count(), 0);
 }

@@ -29,6 +29,10 @@ TEST(BulletinDirectoryRequest, NamesItsGroupAsGivenWhenThereIsOne) {
             test::requestWith("active-spfib-dir-rqs",
                               "<ndd:group-id><ndd:group-name> Aero  Club </ndd:group-name>"
                               "</ndd:group-id>"));
+  request.GroupId(L" ");
+  EXPECT_EQ(requestDocument(request),
+            test::requestWith("active-spfib-dir-rqs",
+                              "<ndd:group-id><ndd:group-name> </ndd:group-name></ndd:group-id>"));
 }
 
 TEST(BulletinDirectoryRequest, HasAHandlerInSubmitOnly) {

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -29,6 +31,11 @@ const char* const emptySpec =
     "<ndd:intl-series-notam>false</ndd:intl-series-notam>"
     "<ndd:full-text-notam>false</ndd:full-text-notam><ndd:charts>false</ndd:charts>"
     "<ndd:mid-sigwx-gpwt>false</ndd:mid-sigwx-gpwt><ndd:variant>LO</ndd:variant></ndd:spfib>";
+
+/// Numbers that a property refuses which takes them up to `Beyond` less one.
+template <std::int16_t Beyond>
+constexpr std::array<std::int16_t, 4> outside{Beyond, -1, std::numeric_limits<std::int16_t>::max(),
+                                              std::numeric_limits<std::int16_t>::min()};
 
 class BulletinRequest : public testing::Test {
  protected:
@@ -78,7 +85,7 @@ TEST_F(BulletinRequest, WritesTheDurationOfItsPeriodBesideItsOwn) {
 
 TEST_F(BulletinRequest, TakesADurationOfUpTo30Hours) {
   request.Duration(30);
-  for (const std::int16_t refused : {std::int16_t{31}, std::int16_t{-1}}) {
+  for (const std::int16_t refused : outside<31>) {
     request.Duration(refused);
     EXPECT_EQ(request.Duration(), 30);
   }
@@ -148,7 +155,7 @@ TEST_F(BulletinUpdate, WritesEverythingInItsOrder) {
 
 TEST_F(BulletinUpdate, TakesADurationOfUpTo30Hours) {
   request.Duration(30);
-  for (const std::int16_t refused : {std::int16_t{31}, std::int16_t{-1}}) {
+  for (const std::int16_t refused : outside<31>) {
     request.Duration(refused);
     EXPECT_EQ(request.Duration(), 30);
   }
@@ -160,7 +167,9 @@ TEST_F(BulletinUpdate, TakesADurationOfUpTo30Hours) {
 
 TEST_F(BulletinUpdate, IncludesOneToTenStages) {
   request.StageCount(10);
-  for (const std::int16_t refused : {std::int16_t{0}, std::int16_t{11}, std::int16_t{-1}}) {
+  request.StageCount(0);
+  EXPECT_EQ(request.StageCount(), 10);
+  for (const std::int16_t refused : outside<11>) {
     request.StageCount(refused);
     EXPECT_EQ(request.StageCount(), 10);
   }
@@ -276,6 +285,9 @@ TEST(StoredBulletin, HasOnlyItsDurationWithoutAFlight) {
   EXPECT_EQ(recorder.reports(), missingElement);
   EXPECT_FALSE(response.Error());
   EXPECT_EQ(response.Duration(), L"PT6H");
+  ASSERT_NE(response.SPFIBSpec(), nullptr);
+  EXPECT_EQ(response.SPFIBSpec()->TAS(), L"N0100");
+  EXPECT_EQ(response.SPFIBSpec()->Count(), 0);
 }
 
 TEST(StoredBulletin, HasNoStagesWithoutAnAirspeed) {

@@ -75,6 +75,29 @@ TEST(BulletinRoute, LeavesTheElementOfAnInvalidPointEmpty) {
             part("<ndd:route><ndd:waypoints/><ndd:waypoints/><ndd:waypoints/></ndd:route>"));
 }
 
+TEST(BulletinRoute, LeavesTheElementsOfPointsEmptyWhoseValuesWereNeverSet) {
+  SPFIBRoute route;
+  route.Add(std::make_shared<NamedPoint>());
+  route.Add(std::make_shared<CoordinatePoint>());
+  route.Add(std::make_shared<BearingDistPoint>());
+  EXPECT_EQ(written(route),
+            part("<ndd:route><ndd:waypoints/><ndd:waypoints/><ndd:waypoints/></ndd:route>"));
+}
+
+TEST(BulletinRoute, TakesNumbersOfAnyMagnitude) {
+  using Double = std::numeric_limits<double>;
+  using Small = std::numeric_limits<std::int16_t>;
+  SPFIBRoute route;
+  route.addLatLon(1e300, 0);
+  route.addLatLon(0, -Double::infinity());
+  route.addLatLon(Double::quiet_NaN(), 0);
+  route.addBearingDistance(L"sy", Small::min(), 25);
+  route.addBearingDistance(L"sy", 45, Small::max());
+  std::string waypoints;
+  for (int number = 1; number <= 5; ++number) waypoints += "<ndd:waypoints/>";
+  EXPECT_EQ(written(route), part("<ndd:route>" + waypoints + "</ndd:route>"));
+}
+
 TEST(BulletinRoute, AddsThePointThatADesignatorGives) {
   SPFIBRoute route;
   route.addNamed(L"SY045025");
@@ -96,6 +119,14 @@ TEST(BulletinRoute, CountsItsPointsFromOneInTheOrderAdded) {
   EXPECT_EQ(route.Item(3), first);
   EXPECT_EQ(std::vector<std::shared_ptr<Point>>(route.begin(), route.end()),
             (std::vector<std::shared_ptr<Point>>{first, second, first}));
+}
+
+TEST(BulletinRoute, FaultsAtAnyIndexAndKeyWhileItIsEmpty) {
+  SPFIBRoute route;
+  EXPECT_EQ(faultOf([&] { (void)route.Item(1); }), fault::subscriptOutOfRange);
+  EXPECT_EQ(faultOf([&] { route.Remove(1); }), fault::subscriptOutOfRange);
+  EXPECT_EQ(faultOf([&] { (void)route.Item(L""); }), fault::invalidCall);
+  EXPECT_EQ(faultOf([&] { route.Remove(L""); }), fault::invalidCall);
 }
 
 TEST(BulletinRoute, FaultsAtAnIndexOutsideOneToCount) {

@@ -210,6 +210,30 @@ TEST_F(BulletinStage, EndsAfterItsLevelWithoutARoute) {
   EXPECT_EQ(recorder.reports(), missingPart);
 }
 
+TEST_F(BulletinStage, NeedsNoRouteToItsAlternate) {
+  const std::string withAlternate = part(
+      upToLevel +
+      "<ndd:alternate><ndd:ades><ndd:loc>YMAV</ndd:loc></ndd:ades><ndd:level/></ndd:alternate>");
+  const test::FailureRecorder recorder;
+  stage.AltDestination(L"ymav");
+  EXPECT_EQ(written(stage), withAlternate);
+  stage.AltRoute(std::make_shared<SPFIBRoute>());
+  EXPECT_EQ(written(stage), withAlternate);
+  EXPECT_EQ(recorder.reports(), test::Reports{});
+}
+
+TEST_F(BulletinStage, ReportsAFaultOfTheRouteToItsAlternateUnderItsOwnName) {
+  stage.AltDestination(L"ymav");
+  stage.AltRoute(std::make_shared<SPFIBRoute>());
+  stage.AltRoute()->Add(nullptr);
+  const test::FailureRecorder recorder;
+  EXPECT_EQ(
+      written(stage),
+      part(upToLevel + "<ndd:alternate><ndd:ades><ndd:loc>YMAV</ndd:loc></ndd:ades><ndd:level/>"
+                       "<ndd:route><ndd:waypoints/></ndd:route></ndd:alternate>"));
+  EXPECT_EQ(recorder.reports(), missingPart);
+}
+
 TEST_F(BulletinStage, ReportsAFaultOfItsRoutesUnderItsOwnName) {
   stage.Route()->addNamed(L"wol");
   stage.Route()->Add(nullptr);
