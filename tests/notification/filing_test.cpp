@@ -152,6 +152,20 @@ TEST_F(Filing, OfASarTimeNotificationReportsItsFailuresUnderTwoOtherNames) {
             test::Reports{outOfMemory(L"submit", L"SubmitSARTimeFlightNotif")});
 }
 
+template <class Request, class Notification>
+void expectItsOwnNotification() {
+  Request request;
+  EXPECT_NE(request.Notification(), Request().Notification());
+  const auto notification = std::make_shared<Notification>();
+  request.Notification(notification);
+  EXPECT_EQ(request.Notification(), notification);
+}
+
+TEST_F(Filing, IsOfANotificationOfItsOwnOrTheHosts) {
+  expectItsOwnNotification<SubmitICAOFlightNotifRqs, ICAOFlightNotif>();
+  expectItsOwnNotification<SubmitSARTimeNotifRqs, SARTimeFlightNotif>();
+}
+
 TEST(IcaoFilingAnswer, ReadsAsFailedAndEmptyUntilItIsLoaded) {
   const SubmitICAOFlightNotifRsp response;
   EXPECT_TRUE(response.Error());

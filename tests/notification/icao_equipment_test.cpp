@@ -98,6 +98,28 @@ TEST_F(IcaoEquipment, LosesWhatIsNoDesignatorOfItem10bInTheNewFormat) {
   EXPECT_EQ(element("surv-equip"), "<ndd:surv-equip/>");
 }
 
+TEST_F(IcaoEquipment, KnowsNoOtherDesignatorsInTheNewFormat) {
+  useNewFormat();
+  const auto known = [&](auto& property, const std::string& name) {
+    std::string list;
+    const auto add = [&](const std::string& designator) {
+      property(std::wstring(designator.begin(), designator.end()));
+      if (element(name) == "<ndd:" + name + ">" + designator + "</ndd:" + name + ">") {
+        list += designator + ' ';
+      }
+    };
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+      add({letter});
+      for (char digit = '0'; digit <= '9'; ++digit) add({letter, digit});
+    }
+    return list;
+  };
+  EXPECT_EQ(known(stage.NavComEquip, "nav-com-equip"),
+            "A B C D E1 E2 E3 F G H I J1 J2 J3 J4 J5 J6 J7 K L M1 M2 M3 N O "
+            "P1 P2 P3 P4 P5 P6 P7 P8 P9 R S T U V W X Y Z ");
+  EXPECT_EQ(known(stage.SSREquip, "surv-equip"), "A B1 B2 C D1 E G1 H I L N P S U1 U2 V1 V2 X ");
+}
+
 TEST_F(IcaoEquipment, IsSentAsStoredInTheOldFormat) {
   stage.NavComEquip(L"s q/e4");
   stage.SSREquip(L"q b3");

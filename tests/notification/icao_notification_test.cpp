@@ -76,6 +76,29 @@ TEST(IcaoNotification, WritesAStageAsOftenAsItWasAdded) {
                                         stageText(1, "VHXYZ") + stageText(2, "VHXYZ")));
 }
 
+template <class List>
+constexpr bool letsTheHostRead = requires(List list) {
+  list.Count();
+}
+|| requires(List list) {
+  list.Item(1);
+}
+|| requires(List list) {
+  list.Remove(1);
+}
+|| requires(List list) {
+  list.begin();
+};
+
+TEST(IcaoNotification, KeepsItsStagesAndShowsThemToNobody) {
+  const test::FreshSettings settings;
+  static_assert(!letsTheHostRead<ICAOFlightNotif>);
+  ICAOFlightNotif notification;
+  notification.Add(stageOf(L"vhabc"));
+  const std::string once = written(notification);
+  EXPECT_EQ(written(notification), once);
+}
+
 TEST(IcaoNotification, IgnoresNoStage) {
   ICAOFlightNotif notification;
   notification.Add(nullptr);

@@ -1,6 +1,10 @@
+#include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/core/property.h>
+#include <ktpnaips/core/xml_building.h>
 #include <ktpnaips/notification/icao_other_info.h>
 #include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/platform/xml.h>
 
 #include <gtest/gtest.h>
 
@@ -88,6 +92,42 @@ TEST_F(OtherInfo, WritesTheNewFormatInItsOrder) {
                  "<ndd:dle>DLA1</ndd:dle><ndd:opr>OPR1</ndd:opr><ndd:orgn>ORGN1</ndd:orgn>"
                  "<ndd:per>C</ndd:per><ndd:altn>ALTN1</ndd:altn><ndd:ralt>RALT1</ndd:ralt>"
                  "<ndd:talt>TALT1</ndd:talt><ndd:rif>RIF1</ndd:rif><ndd:rmk>RMK1</ndd:rmk>"));
+}
+
+TEST_F(OtherInfo, WritesEachTextWithoutTheOthers) {
+  struct Item {
+    Property<std::wstring, rule::Collapsed> ICAOOtherInfo::*property;
+    std::string inNew;
+    std::string inOld;
+    std::string newText = "HUM A1";
+  };
+  const Item items[] = {
+      {&ICAOOtherInfo::EET, "eet", "eet"},        {&ICAOOtherInfo::RIF, "rif", "rif"},
+      {&ICAOOtherInfo::SEL, "sel", "sel"},        {&ICAOOtherInfo::OPR, "opr", "opr"},
+      {&ICAOOtherInfo::STS, "sts", "sts", "HUM"}, {&ICAOOtherInfo::COM, "com", "com"},
+      {&ICAOOtherInfo::NAV, "nav", "nav"},        {&ICAOOtherInfo::DAT, "dat", "dat"},
+      {&ICAOOtherInfo::DEP, "dep", "dep"},        {&ICAOOtherInfo::Dest, "dest", "dest"},
+      {&ICAOOtherInfo::ALTN, "altn", "altn"},     {&ICAOOtherInfo::RALT, "ralt", "ralt"},
+      {&ICAOOtherInfo::Code, "code", "code"},     {&ICAOOtherInfo::RMK, "rmk", "rmk"},
+      {&ICAOOtherInfo::TYP, "typ", "typ"},        {&ICAOOtherInfo::DLA, "dle", "dla"},
+      {&ICAOOtherInfo::PBN, "pbn", "", "A1"},     {&ICAOOtherInfo::SUR, "sur", ""},
+      {&ICAOOtherInfo::ORGN, "orgn", ""},         {&ICAOOtherInfo::TALT, "talt", ""}};
+  const auto only = [](const std::string& name, const std::string& text) {
+    if (name.empty()) return std::string(test::nothingWritten);
+    return part("<ndd:" + name + ">" + text + "</ndd:" + name + ">");
+  };
+  for (const auto& [property, inNew, inOld, newText] : items) {
+    ICAOOtherInfo one;
+    (one.*property)(L"hum a1");
+    NAIPSConfig().NewFPLFormat(true);
+    EXPECT_EQ(written(one), only(inNew, newText));
+    NAIPSConfig().NewFPLFormat(false);
+    EXPECT_EQ(written(one), only(inOld, "HUM A1"));
+  }
+  info.PER(L"c");
+  EXPECT_EQ(written(info), only("per", "C"));
+  useNewFormat();
+  EXPECT_EQ(written(info), only("per", "C"));
 }
 
 TEST_F(OtherInfo, CleansEveryTextAndMakesItsSpacesSingle) {
@@ -187,6 +227,20 @@ TEST_F(OtherInfo, SendsAnEmptyListOfUnknownNavigationDesignatorsInTheNewFormat) 
   }
 }
 
+TEST_F(OtherInfo, KnowsNoOtherNavigationDesignators) {
+  useNewFormat();
+  std::string known;
+  const auto add = [&](const std::string& designator) {
+    info.PBN(std::wstring(designator.begin(), designator.end()));
+    if (written(info) != part("<ndd:pbn/>")) known += designator + ' ';
+  };
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    add({letter});
+    for (char digit = '0'; digit <= '9'; ++digit) add({letter, digit});
+  }
+  EXPECT_EQ(known, "A1 B1 B2 B3 B4 B5 B6 C1 C2 C3 C4 D1 D2 D3 D4 L1 O1 O2 O3 O4 S1 S2 T1 T2 ");
+}
+
 TEST_F(OtherInfo, CannotBeSentWithCharactersThatXmlDoesNotAllow) {
   info.RMK(std::wstring_view(L"a\0b", 3));
   EXPECT_EQ(test::faultOf([&] { (void)written(info); }), fault::invalidCall);
@@ -211,6 +265,22 @@ TEST_F(OtherInfo, ReportsFailuresOfItsListsAndOfItself) {
   NAIPSConfig().NewFPLFormat(false);
   EXPECT_EQ(test::outcomesOfAppending(info),
             test::Outcomes{test::outOfMemory(L"IAppendable_appendTo", className)});
+}
+
+TEST_F(OtherInfo, KeepsWhatItWroteBeforeAFailure) {
+  info.EET(L"an elapsed time too long to be stored in place");
+  info.RMK(L"a remark too long to be stored in place");
+  bool keptTheFirst = false;
+  test::outcomesOfFailures([&] {
+    const xml::Document document = xml::Document::create();
+    const std::wstring schema = Deployment::current().schemaNamespace;
+    return [&, schema, otherInfo = modBrevank::addElement(document, L"part", schema)] {
+      info.appendTo(otherInfo, schema);
+      const xml::Node only = otherInfo.firstChild();
+      keptTheFirst = keptTheFirst || (only && only.name() == L"ndd:eet" && !only.nextSibling());
+    };
+  });
+  EXPECT_TRUE(keptTheFirst);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <ktpnaips/geo/points.h>
 #include <ktpnaips/notification/icao_route.h>
 #include <ktpnaips/platform/runtime_fault.h>
 
@@ -6,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "tests/support/failure_recorder.h"
 #include "tests/support/fault.h"
@@ -28,9 +30,9 @@ TEST(IcaoRoute, WritesItsDefaultSpeedAndLevel) {
 
 TEST(IcaoRoute, TrimsAndUpperCasesSpeedAndLevelWithoutCheckingThem) {
   ICAORoute route;
-  route.Speed(L"  n0450 ");
+  route.Speed(L"  n04  50 ");
   route.Level(L" any  level ");
-  EXPECT_EQ(route.Speed(), L"N0450");
+  EXPECT_EQ(route.Speed(), L"N04  50");
   EXPECT_EQ(route.Level(), L"ANY  LEVEL");
   route.Speed(L"  ");
   EXPECT_EQ(written(route), part("<ndd:speed/><ndd:level>ANY  LEVEL</ndd:level>"));
@@ -131,10 +133,54 @@ TEST(IcaoRouteSegment, LeavesOutWhatIsBlank) {
   EXPECT_EQ(written(segment), test::nothingWritten);
 }
 
-TEST(IcaoRouteSegment, KeepsInnerSpaces) {
+TEST(IcaoRouteSegment, WritesEachTextWithoutTheOthersAndKeepsInnerSpaces) {
+  const auto writtenWith = [](auto text) {
+    ICAORouteSegment segment;
+    (segment.*text)(L" a  b ");
+    EXPECT_EQ((segment.*text)(), L"A  B");
+    return written(segment);
+  };
+  EXPECT_EQ(writtenWith(&ICAORouteSegment::NewSpeed), part("<ndd:new-speed>A  B</ndd:new-speed>"));
+  EXPECT_EQ(writtenWith(&ICAORouteSegment::NewLevel), part("<ndd:new-level>A  B</ndd:new-level>"));
+  EXPECT_EQ(writtenWith(&ICAORouteSegment::ATSRouteId),
+            part("<ndd:ats-route>A  B</ndd:ats-route>"));
+  EXPECT_EQ(writtenWith(&ICAORouteSegment::NewRules), part("<ndd:new-rules>A  B</ndd:new-rules>"));
+  EXPECT_EQ(writtenWith(&ICAORouteSegment::CCLevel), part("<ndd:cc-level>A  B</ndd:cc-level>"));
+}
+
+TEST(IcaoRouteSegment, SharesItsWaypointAndReplacesItWhole) {
   ICAORouteSegment segment;
-  segment.NewRules(L" a  b ");
-  EXPECT_EQ(segment.NewRules(), L"A  B");
+  const auto point = std::make_shared<NamedPoint>(L"yssy");
+  segment.Waypoint(point);
+  EXPECT_EQ(segment.Waypoint(), point);
+  point->Name(L"ymml");
+  EXPECT_EQ(written(segment), part("<ndd:waypoint><ndd:loc>YMML</ndd:loc></ndd:waypoint>"));
+  segment.setNamed(L"yscb");
+  EXPECT_EQ(point->Name(), L"YMML");
+  segment.setLatLon(-35, 149);
+  const auto position = segment.Waypoint();
+  segment.setLatLon(1, 2);
+  EXPECT_EQ(position->toString(), L"3500S14900E");
+  segment.setBearingDistance(L"sy", 45, 25);
+  const auto offset = segment.Waypoint();
+  segment.setBearingDistance(L"cb", 1, 2);
+  EXPECT_EQ(offset->toString(), L"SY045025");
+  segment.Waypoint(nullptr);
+  EXPECT_EQ(written(segment), test::nothingWritten);
+}
+
+TEST(IcaoRouteSegment, IsReleasedWithItsRouteAndReleasesItsWaypoint) {
+  const auto point = std::make_shared<NamedPoint>(L"yssy");
+  auto segment = std::make_shared<ICAORouteSegment>();
+  segment->Waypoint(point);
+  const std::weak_ptr<ICAORouteSegment> kept = segment;
+  {
+    ICAORoute route;
+    route.Add(std::move(segment));
+    EXPECT_FALSE(kept.expired());
+  }
+  EXPECT_TRUE(kept.expired());
+  EXPECT_EQ(point.use_count(), 1);
 }
 
 TEST(IcaoRouteSegment, HasTheWaypointOfTheLastCall) {

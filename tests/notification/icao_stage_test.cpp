@@ -76,6 +76,12 @@ TEST_F(IcaoStage, DepartsAtTheLocalTimeOfItsCreationAtFirst) {
   EXPECT_LE(fresh.ETD(), test::localNow());
 }
 
+TEST_F(IcaoStage, SendsTheTimeOfItsCreationAsItStands) {
+  const ICAOFlightNotifStage fresh;
+  stage.ETD(fresh.ETD());
+  EXPECT_EQ(test::writtenElement(fresh, "etd"), element("etd"));
+}
+
 TEST_F(IcaoStage, WritesItsDefaultsInTheOldFormat) {
   EXPECT_EQ(written(stage), part(std::string(upToEquipment) + oldEquipment + fromDeparture +
                                  "<ndd:route/><ndd:reg/><ndd:other-info/>"));
@@ -230,6 +236,21 @@ TEST_F(IcaoStage, TakesTheFirstLetterOfAKnownWakeTurbulenceCategory) {
     stage.WTC(category);
     EXPECT_EQ(stage.WTC(), L"M");
   }
+}
+
+TEST_F(IcaoStage, KnowsNoOtherLettersOfRulesTypeAndCategory) {
+  const auto lettersOf = [](auto& property) {
+    std::wstring taken;
+    for (const wchar_t letter : std::wstring_view(L"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/- ")) {
+      property(L"");
+      property(std::wstring(1, letter));
+      taken += property();
+    }
+    return taken;
+  };
+  EXPECT_EQ(lettersOf(stage.FlightRules), L"IVYZ");
+  EXPECT_EQ(lettersOf(stage.TypeOfFlight), L"GMNSX");
+  EXPECT_EQ(lettersOf(stage.WTC), L"HJLM");
 }
 
 TEST_F(IcaoStage, TakesAircraftTypesOfUpToFourCharacters) {

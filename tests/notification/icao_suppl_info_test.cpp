@@ -204,6 +204,27 @@ TEST_F(SupplInfo, WritesDinghiesFromOneOn) {
   EXPECT_EQ(written(info), part(equipment + pilot));
 }
 
+TEST_F(SupplInfo, TakesADinghyCapacityBackToZero) {
+  info.DinghyCount(1);
+  info.DinghyCapacity(8);
+  info.DinghyCapacity(0);
+  EXPECT_EQ(info.DinghyCapacity(), 0);
+  EXPECT_EQ(written(info),
+            part(equipment +
+                 "<ndd:dinghies><ndd:number>1</ndd:number><ndd:capacity>0</ndd:capacity>"
+                 "<ndd:covered>false</ndd:covered><ndd:colour>YELLOW</ndd:colour></ndd:dinghies>" +
+                 pilot));
+}
+
+TEST_F(SupplInfo, WritesTheColourOfTheAircraftAndTheRemarksWithoutEachOther) {
+  info.AircraftColour(L" white   and blue ");
+  EXPECT_EQ(written(info),
+            part(equipment + "<ndd:acft-col-mark>WHITE AND BLUE</ndd:acft-col-mark>" + pilot));
+  info.AircraftColour(L" ");
+  info.Remarks(L" medical   kit ");
+  EXPECT_EQ(written(info), part(equipment + "<ndd:rmk>MEDICAL KIT</ndd:rmk>" + pilot));
+}
+
 /// The property cleans a text, then cuts it, and never through a character.
 template <class TextProperty>
 void expectCutAt(TextProperty& property, std::size_t length) {
@@ -233,6 +254,15 @@ TEST_F(SupplInfo, CutsItsTexts) {
 TEST_F(SupplInfo, KeepsASpaceAtTheCut) {
   info.DinghyColour(L"123456789 b");
   EXPECT_EQ(info.DinghyColour(), L"123456789 ");
+}
+
+TEST_F(SupplInfo, HasAPilotOfItsOwnAndSharesTheHosts) {
+  EXPECT_NE(info.Pilot(), ICAOSupplInfo().Pilot());
+  const auto contact = std::make_shared<PilotContactInfo>();
+  info.Pilot(contact);
+  EXPECT_EQ(info.Pilot(), contact);
+  contact->Name(L"jo");
+  EXPECT_EQ(written(info), part(equipment + "<ndd:pilot name=\"JO\" phone=\"\"/>"));
 }
 
 TEST_F(SupplInfo, LeavesThePilotEmptyWithoutOne) {

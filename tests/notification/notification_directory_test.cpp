@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
 #include <string>
 
 #include "tests/support/date_time.h"
+#include "tests/support/failure_recorder.h"
 #include "tests/support/failures.h"
 #include "tests/support/parts.h"
 #include "tests/support/settings.h"
@@ -68,8 +70,18 @@ TEST(NotificationDetails, AreEmptyAtFirstAndHoldWhatIsSet) {
   EXPECT_EQ(details.DTG(), at(1899, 12, 30));
   EXPECT_EQ(details.GroupId(), L"");
   EXPECT_EQ(details.Id(), L"");
+  details.OwnerId(L" pilot1 ");
+  details.Route(L" dct  wol ");
   details.Aircraft(L" vh ");
+  details.DTG(at(2026, 1, 2, 3, 4, 5));
+  details.GroupId(L" Aero  Club ");
+  details.Id(L" a1 ");
+  EXPECT_EQ(details.OwnerId(), L" pilot1 ");
+  EXPECT_EQ(details.Route(), L" dct  wol ");
   EXPECT_EQ(details.Aircraft(), L" vh ");
+  EXPECT_EQ(details.DTG(), at(2026, 1, 2, 3, 4, 5));
+  EXPECT_EQ(details.GroupId(), L" Aero  Club ");
+  EXPECT_EQ(details.Id(), L" a1 ");
 }
 
 TEST(NotificationDirectory, ReadsAsFailedAndEmptyUntilItIsLoaded) {
@@ -133,7 +145,34 @@ TEST(NotificationDirectory, StaysEmptyWhenItFailed) {
   EXPECT_EQ(response.Count(), 0);
 }
 
+TEST(NotificationDirectory, ReadsOnlyItsOwnChildrenInTheSchemaNamespace) {
+  ActiveFlightNotifDirRsp response;
+  test::load(response,
+             test::success("<n:more><n:flight-notif/></n:more><flight-notif/><n:flight-notif>"
+                           "<id>1</id><n:more><n:route>deep</n:route></n:more></n:flight-notif>"));
+  ASSERT_EQ(response.Count(), 1);
+  EXPECT_EQ(response.Item(1)->Id(), L"");
+  EXPECT_EQ(response.Item(1)->Route(), L"");
+}
+
+TEST(NotificationDirectory, ReadsNothingWithoutAPayload) {
+  ActiveFlightNotifDirRsp response;
+  response.Error(false);
+  const test::FailureRecorder recorder;
+  test::load(response, test::answer("<n:answer>no status</n:answer>"));
+  EXPECT_FALSE(response.Payload());
+  EXPECT_EQ(response.Count(), 0);
+  EXPECT_EQ(recorder.reports().size(), 1U);
+  EXPECT_TRUE(recorder.reports().front().ends_with(L"loadResponse of Module Utils"));
+}
+
+template <class Entry>
+constexpr bool isTaken = requires(ActiveFlightNotifDirRsp response, std::shared_ptr<Entry> entry) {
+  response.Add(entry);
+};
+
 TEST(NotificationDirectory, TakesOnlyBulletinDescriptorsFromTheHost) {
+  static_assert(isTaken<SPFIBDescriptor> && !isTaken<ActiveFlightNotifDetails>);
   ActiveFlightNotifDirRsp response;
   response.Add(nullptr);
   EXPECT_EQ(response.Count(), 0);
@@ -158,6 +197,33 @@ TEST(NotificationDirectory, KeepsTheEntriesReadBeforeAFailure) {
     };
   });
   EXPECT_TRUE(keptTheFirst);
+}
+
+TEST(NotificationDirectory, ReadsTheFieldsOfAnEntryInAFixedOrder) {
+  const std::string text = "a text too long to be stored in place";
+  const auto document = test::parsed(test::success(
+      "<n:flight-notif><n:route>" + text + "</n:route><n:acid>" + text + "</n:acid><n:timestamp>" +
+      "2026-03-07T23:05:01Z</n:timestamp><n:group-id>" + text + "</n:group-id><n:owner-id>" + text +
+      "</n:owner-id><n:id>" + text + "</n:id></n:flight-notif>"));
+  std::set<std::string> states;
+  test::outcomesOfFailures([&] {
+    const auto response = std::make_shared<ActiveFlightNotifDirRsp>();
+    return [&document, &states, response] {
+      response->ResponseDoc(document);
+      if (response->Count() != 1) return;
+      const ActiveFlightNotifDetails& entry = *response->Item(1);
+      std::string state;
+      for (const bool isRead :
+           {!entry.Id().empty(), !entry.OwnerId().empty(), !entry.GroupId().empty(),
+            entry.DTG() != at(1899, 12, 30), !entry.Aircraft().empty(), !entry.Route().empty()}) {
+        state += isRead ? 'x' : '-';
+      }
+      states.insert(state);
+    };
+  });
+  // A time that fails to convert has a handler of its own: the fields after it are still read.
+  EXPECT_EQ(states, (std::set<std::string>{"------", "x-----", "xx----", "xxx---", "xxx-xx",
+                                           "xxxx--", "xxxxx-", "xxxxxx"}));
 }
 
 }  // namespace

@@ -84,6 +84,29 @@ TEST(SarTimeNotification, WritesEverythingInItsOrder) {
                  "<ndd:pilot name=\"JO\" phone=\"123\"/>"));
 }
 
+TEST(SarTimeNotification, CutsNoText) {
+  SARTimeFlightNotif notification;
+  const std::wstring text(1000, L'a');
+  notification.Aircraft(text);
+  notification.AircraftType(text);
+  notification.Remarks(text);
+  const std::string whole(1000, 'A');
+  EXPECT_EQ(written(notification),
+            part("<ndd:acid>" + whole + "</ndd:acid><ndd:atyp>" + whole + "</ndd:atyp><ndd:rmk>" +
+                 whole + "</ndd:rmk>" + sar + "<ndd:pob/>" + fromRadios));
+}
+
+TEST(SarTimeNotification, HasPartsOfItsOwnAndSharesTheHosts) {
+  SARTimeFlightNotif notification;
+  const SARTimeFlightNotif other;
+  EXPECT_NE(notification.Pilot(), other.Pilot());
+  EXPECT_NE(notification.SarTimeInfo(), other.SarTimeInfo());
+  notification.Pilot(other.Pilot());
+  notification.SarTimeInfo(other.SarTimeInfo());
+  EXPECT_EQ(notification.Pilot(), other.Pilot());
+  EXPECT_EQ(notification.SarTimeInfo(), other.SarTimeInfo());
+}
+
 TEST(SarTimeNotification, KeepsAnEmptyAircraftEmpty) {
   SARTimeFlightNotif notification;
   notification.Aircraft(L"   ");
@@ -216,6 +239,13 @@ TEST(SarTimeStage, HasItsDefaults) {
   EXPECT_EQ(written(stage), part("<ndd:adep>UNKNOWN</ndd:adep>"
                                  "<ndd:etd>2026-03-07T21:00:00Z</ndd:etd>"
                                  "<ndd:ades>UNKNOWN</ndd:ades>"));
+}
+
+TEST(SarTimeStage, SendsTheTimeOfItsCreationAsItStands) {
+  const SARTimeFlightNotifStage fresh;
+  SARTimeFlightNotifStage same;
+  same.ETD(fresh.ETD());
+  EXPECT_EQ(written(fresh), written(same));
 }
 
 TEST(SarTimeStage, WritesEverythingInItsOrder) {
