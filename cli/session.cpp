@@ -9,12 +9,14 @@
 #include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/failure_report.h>
 #include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace cli {
 
@@ -37,11 +39,21 @@ std::optional<std::string> userOf(const GlobalOptions& options) {
   return options.user ? options.user : environment("NAIPS_USER");
 }
 
+/// Asks the person at the terminal for the account of a proxy.
+std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host) {
+  const auto user = ktpnaips::terminal::ask(fmt::format("User of the proxy {}: ", toUtf8(host)));
+  if (!user || user->empty()) return std::nullopt;
+  const auto password = ktpnaips::terminal::askSecret("Password of the proxy: ");
+  if (!password) return std::nullopt;
+  return ktpnaips::ProxyCredentials{fromUtf8(*user), fromUtf8(*password)};
+}
+
 }  // namespace
 
 Session::Session(const GlobalOptions& options) : options_(options) {
   ktpnaips::setFailureReporter(
       [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
+  if (ktpnaips::terminal::canAsk()) ktpnaips::setProxyLogIn(askForProxyAccount);
   options_.apply();
   if (options_.out && !options_.dryRun) prepareOutFolder(*options_.out);
   if (options_.simulate && !options_.dryRun) startSimulation();
@@ -51,6 +63,7 @@ Session::Session(const GlobalOptions& options) : options_(options) {
 }
 
 Session::~Session() {
+  ktpnaips::setProxyLogIn({});
   ktpnaips::setFailureReporter({});
 }
 
