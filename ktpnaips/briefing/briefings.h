@@ -37,6 +37,7 @@ class AreaBriefingRqs : public PeriodRequest, public FlagWord {
 
   /// Adds an area, exactly as given; a sixth is dropped silently.
   void addArea(std::wstring_view area);
+  /// Removes all areas.
   void clearAreas() noexcept;
 
  private:
@@ -52,6 +53,7 @@ class LocationBriefingRqs : public PeriodRequest, public FlagWord {
 
   /// Adds a location, exactly as given; a thirteenth is dropped silently.
   void addLocation(std::wstring_view location);
+  /// Removes all locations.
   void clearLocations() noexcept;
 
  private:
@@ -68,6 +70,7 @@ class MetBriefingRqs : public PeriodRequest, public FlagWord {
 
   /// Adds a location, exactly as given; a fifth is dropped silently.
   void addLocation(std::wstring_view location);
+  /// Removes all locations.
   void clearLocations() noexcept;
 
  private:

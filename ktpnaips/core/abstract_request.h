@@ -11,6 +11,7 @@ namespace ktpnaips {
 /// The common part of every request: account, scope, source and the name of its element.
 class AbstractRequest : public IAppendable {
  public:
+  /// With this name of its element.
   explicit AbstractRequest(std::wstring_view elementName = {});
 
   /// An account of the request's own; empty (the default) for the configured one with its

@@ -23,6 +23,7 @@ class Collection {
     const auto position = static_cast<std::size_t>(index) - 1;
     return index >= 1 && position < entries_.size() ? entries_[position] : Entry{};
   }
+  /// The entries in order, for iteration.
   [[nodiscard]] auto begin() const noexcept { return entries_.begin(); }
   [[nodiscard]] auto end() const noexcept { return entries_.end(); }
 

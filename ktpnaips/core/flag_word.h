@@ -7,6 +7,7 @@ namespace ktpnaips {
 /// A set of option bits, numbered from 0.
 class FlagWord {
  public:
+  /// With these bits set.
   explicit FlagWord(std::int32_t initial = 0) noexcept : bits_(initial) {}
 
   /// True when the bit is set. A negative number reads false; 31 and above throw fault 6.

@@ -82,10 +82,13 @@ template <class T, class Rule = rule::AsGiven>
 class Property {
  public:
   Property() = default;
+  /// With a value that the rule is not asked about.
   explicit Property(T initial) : value_(std::move(initial)) {}
 
+  /// Reads it.
   const T& operator()() const noexcept { return value_; }
 
+  /// Writes it, or leaves it when the rule refuses the value.
   void operator()(T value) {
     if constexpr (requires { Rule::accepts(value); }) {
       if (!Rule::accepts(value)) return;
@@ -102,10 +105,13 @@ template <class Rule>
 class Property<std::wstring, Rule> {
  public:
   Property() = default;
+  /// With a value that the rule is not asked about.
   explicit Property(std::wstring_view initial) : value_(initial) {}
 
+  /// Reads it.
   const std::wstring& operator()() const noexcept { return value_; }
 
+  /// Writes what the rule makes of the value, or leaves it when that is refused.
   void operator()(std::wstring_view value) {
     if constexpr (requires { Rule::apply(value); }) {
       store(Rule::apply(value));
@@ -129,6 +135,7 @@ class Property<std::wstring, Rule> {
 template <class T, class Owner>
 class ReadOnly {
  public:
+  /// Reads it.
   const T& operator()() const noexcept { return value; }
 
  private:

@@ -21,6 +21,7 @@ class Point : public IAppendable {
 class NamedPoint : public Point {
  public:
   NamedPoint() = default;
+  /// With this designator.
   explicit NamedPoint(std::wstring_view name);
 
   /// The designator, trimmed and upper-cased; invalid while empty (the default).
@@ -34,6 +35,7 @@ class NamedPoint : public Point {
 class CoordinatePoint : public Point {
  public:
   CoordinatePoint() = default;
+  /// At this latitude and longitude.
   CoordinatePoint(double lat, double lon);
 
   /// Decimal degrees, north positive; valid from -90 to 90. Any value is kept. Default 91: invalid.
@@ -55,6 +57,7 @@ class CoordinatePoint : public Point {
 class BearingDistPoint : public Point {
  public:
   BearingDistPoint() = default;
+  /// At this bearing and distance from a named location.
   BearingDistPoint(std::wstring_view name, std::int16_t bearing, std::int16_t distance);
 
   /// The reference location, trimmed and upper-cased; invalid while empty (the default).

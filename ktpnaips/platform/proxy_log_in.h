@@ -9,8 +9,8 @@ namespace ktpnaips {
 
 /// A proxy's account, as a person gives it.
 struct ProxyCredentials {
-  std::wstring user;
-  std::wstring password;
+  std::wstring user;      ///< as the proxy knows it
+  std::wstring password;  ///< to `user`
 };
 
 /// Asks a person for the account of the proxy with this host name; nothing means given up.

@@ -32,9 +32,12 @@ class RuntimeFault : public std::runtime_error {
  public:
   /// A fault with the automation runtime's description of `number`, one of `fault`.
   explicit RuntimeFault(std::int32_t number);
+  /// A fault with a description of its own.
   RuntimeFault(std::int32_t number, std::wstring_view description);
 
+  /// One of `fault`, or the platform's own (negative) number.
   [[nodiscard]] std::int32_t number() const noexcept { return number_; }
+  /// What went wrong, for a person.
   [[nodiscard]] std::wstring description() const;
 
  private:

@@ -18,22 +18,27 @@ class Document;
 class Node {
  public:
   Node() noexcept = default;
+  /// Another handle on the same node.
   Node(const Node& other) noexcept;
   Node(Node&& other) noexcept;
   Node& operator=(const Node& other) noexcept;
   Node& operator=(Node&& other) noexcept;
   ~Node();
 
+  /// True unless this is no node.
   explicit operator bool() const noexcept { return node_ != nullptr; }
   /// True for two handles on the same node.
   friend bool operator==(const Node& a, const Node& b) noexcept { return a.isSameAs(b); }
 
   /// The document that the node belongs to; a document's own node gives that document.
   [[nodiscard]] Document ownerDocument() const;
+  /// True for an element; false for a text, a comment and the like.
   [[nodiscard]] bool isElement() const;
   /// The qualified name, prefix included.
   [[nodiscard]] std::wstring name() const;
+  /// The URI of its namespace; empty when it has none.
   [[nodiscard]] std::wstring namespaceUri() const;
+  /// The nodes around it; no node where there is none.
   [[nodiscard]] Node firstChild() const;
   [[nodiscard]] Node lastChild() const;
   [[nodiscard]] Node nextSibling() const;
@@ -84,9 +89,9 @@ class Node {
 
 /// Where and why a text stopped being XML.
 struct ParseFailure {
-  int line = 0;    ///< from 1; 0 when unknown
-  int column = 0;  ///< from 1; 0 when unknown
-  std::wstring reason;
+  int line = 0;         ///< from 1; 0 when unknown
+  int column = 0;       ///< from 1; 0 when unknown
+  std::wstring reason;  ///< what the parser says
 };
 
 /// A document, or no document. White-space-only text of a parsed document is no node.
@@ -101,6 +106,7 @@ class Document : public Node {
   /// attributes; `failure`, when given, then says why. Nothing outside the text is ever fetched.
   static Document parse(const std::string& text, ParseFailure* failure = nullptr);
 
+  /// The outermost element; no node while there is none.
   [[nodiscard]] Node documentElement() const;
   /// Binds the prefixes that expressions use, given as namespace declarations
   /// ("xmlns:a='uri'  xmlns:b='uri'"), in place of earlier ones.

@@ -14,8 +14,8 @@ namespace ktpnaips {
 
 /// A general MET message of a directory: what `GetGeneralMETMessageRqs` fetches it by.
 struct GeneralMETMessage {
-  std::wstring Name;
-  std::wstring EntryType;
+  std::wstring Name;       ///< its name
+  std::wstring EntryType;  ///< its type
 };
 
 /// The general MET messages that the service offers, in the order of the answer.

@@ -49,6 +49,7 @@ class SPFIBRoute : public IAppendable {
   /// Removes all points; `RouteCode` stays.
   void Clear() noexcept;
 
+  /// The points in order, for iteration.
   [[nodiscard]] auto begin() const noexcept { return points_.begin(); }
   [[nodiscard]] auto end() const noexcept { return points_.end(); }
 
