@@ -81,6 +81,7 @@ std::size_t Peer::readSome() {
   if (secure == nullptr || !secure->hasPending()) waitForBytes();
   std::size_t count = 0;
   if (secure != nullptr) {
+    connection_.socket.native_non_blocking(false);  // waiting has changed it
     count = static_cast<std::size_t>(std::max(0, secure->read(buffer.data(), buffer.size())));
   } else {
     boost::system::error_code ended;
@@ -99,6 +100,7 @@ void Peer::write(std::string_view bytes) {
     asio::write(connection_.socket, asio::buffer(bytes));
     return;
   }
+  connection_.socket.native_non_blocking(false);  // waiting has changed it
   while (!bytes.empty()) {
     const int count = connection_.secure->write(bytes);
     if (count <= 0) throw std::runtime_error("not written");
