@@ -8,25 +8,33 @@
 namespace ktpnaips::Enc64 {
 namespace {
 
-constexpr std::array<std::uint8_t, 256> makeTable() {
+constexpr std::uint32_t noDigit = 1U << 24U;
+
+/// The bits of each character at one place of a group of four digits; `noDigit` for other ones.
+using Table = std::array<std::uint32_t, 256>;
+
+constexpr std::array<Table, 4> makeTables() {
   constexpr std::string_view alphabet =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::array<std::uint8_t, 256> table{};
-  for (std::size_t i = 0; i < alphabet.size(); ++i) {
-    table[static_cast<unsigned char>(alphabet[i])] = static_cast<std::uint8_t>(i);
+  std::array<Table, 4> tables{};
+  for (unsigned place = 0; place < tables.size(); ++place) {
+    tables[place].fill(noDigit);
+    for (std::uint32_t value = 0; value < alphabet.size(); ++value) {
+      tables[place][static_cast<unsigned char>(alphabet[value])] = value << (18U - 6U * place);
+    }
   }
-  return table;
+  return tables;
 }
 
-constexpr auto table = makeTable();
+constexpr auto tables = makeTables();
 
-std::uint32_t bitsOf(wchar_t c) {
+std::uint32_t bitsOf(unsigned place, wchar_t c) {
   const auto code = static_cast<std::uint32_t>(c);
-  return code < table.size() ? table[code] : 0;
+  return code < tables[place].size() ? tables[place][code] : noDigit;
 }
 
-std::uint32_t bitsOf(char c) {
-  return table[static_cast<unsigned char>(c)];
+std::uint32_t bitsOf(unsigned place, char c) {
+  return tables[place][static_cast<unsigned char>(c)];
 }
 
 /// False for what does not count as a character of its own.
@@ -52,23 +60,45 @@ std::size_t padding(std::basic_string_view<Char> text) {
   return pads;
 }
 
+char* write(char* to, std::uint32_t group) {
+  to[0] = static_cast<char>(group >> 16U & 0xFFU);
+  to[1] = static_cast<char>(group >> 8U & 0xFFU);
+  to[2] = static_cast<char>(group & 0xFFU);
+  return to + 3;
+}
+
+/// Decodes groups of four digits in a row and returns where they end.
+template <class Char>
+const Char* decodeGroups(const Char* at, const Char* end, char*& to) {
+  for (; end - at >= 4; at += 4) {
+    const std::uint32_t group =
+        bitsOf(0, at[0]) | bitsOf(1, at[1]) | bitsOf(2, at[2]) | bitsOf(3, at[3]);
+    if (group >= noDigit) break;
+    to = write(to, group);
+  }
+  return at;
+}
+
 template <class Char>
 std::string decode(std::basic_string_view<Char> text) {
-  std::string bytes;
-  bytes.reserve(text.size() / 4 * 3);
+  std::string bytes(text.size() / 4 * 3, '\0');
+  char* to = bytes.data();
   std::uint32_t group = 0;
-  std::size_t characters = 0;
-  for (const Char c : text) {
+  unsigned pending = 0;  // characters of the group so far
+  const Char* at = text.data();
+  for (const Char* const end = at + text.size(); at != end;) {
+    if (pending == 0) at = decodeGroups(at, end, to);
+    if (at == end) break;
+    const Char c = *at++;
     if (!counts(c)) continue;
-    group = group << 6U | bitsOf(c);
-    if (++characters % 4 != 0) continue;
-    bytes += static_cast<char>(group >> 16U & 0xFFU);
-    bytes += static_cast<char>(group >> 8U & 0xFFU);
-    bytes += static_cast<char>(group & 0xFFU);
+    group = group << 6U | bitsOf(3, c) % noDigit;
+    pending = (pending + 1) % 4;
+    if (pending == 0) to = write(to, group);
   }
-  if (characters % 4 != 0) throw RuntimeFault(fault::invalidBase64);
-  if (characters == 0) throw RuntimeFault(fault::subscriptOutOfRange);
-  bytes.resize(bytes.size() - padding(text));
+  const auto size = static_cast<std::size_t>(to - bytes.data());
+  if (pending != 0) throw RuntimeFault(fault::invalidBase64);
+  if (size == 0) throw RuntimeFault(fault::subscriptOutOfRange);
+  bytes.resize(size - padding(text));
   return bytes;
 }
 

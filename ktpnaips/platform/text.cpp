@@ -1,6 +1,8 @@
 #include <ktpnaips/platform/text.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace ktpnaips::text {
 namespace {
@@ -82,12 +84,33 @@ Decoded decode(std::string_view bytes) {
   return overlong || !isCharacter(code) ? Decoded{} : Decoded{code, length};
 }
 
+/// How many ASCII characters the text starts with.
+std::size_t asciiStart(std::wstring_view text) {
+  const auto end = std::find_if(text.begin(), text.end(),
+                                [](wchar_t c) { return static_cast<std::uint32_t>(c) >= 0x80; });
+  return static_cast<std::size_t>(end - text.begin());
+}
+
+std::size_t asciiStart(std::string_view text) {
+  std::size_t count = 0;
+  for (std::uint64_t eight = 0; count + sizeof eight <= text.size(); count += sizeof eight) {
+    std::memcpy(&eight, text.data() + count, sizeof eight);
+    if ((eight & 0x8080808080808080U) != 0) break;
+  }
+  while (count < text.size() && static_cast<unsigned char>(text[count]) < 0x80) ++count;
+  return count;
+}
+
 }  // namespace
 
 std::string toUtf8(std::wstring_view text) {
-  std::string utf8;
+  const std::size_t ascii = asciiStart(text);
+  std::string utf8(ascii, '\0');
+  std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii), utf8.begin(),
+                 [](wchar_t c) { return static_cast<char>(c); });
+  if (ascii == text.size()) return utf8;
   utf8.reserve(text.size());
-  for (std::size_t at = 0; at < text.size(); ++at) {
+  for (std::size_t at = ascii; at < text.size(); ++at) {
     std::uint32_t code = unitAt(text, at);
     if (isPairAt(text, at)) {
       code = 0x10000U + ((code - 0xD800U) << 10U) + (unitAt(text, ++at) - 0xDC00U);
@@ -101,6 +124,12 @@ std::wstring fromUtf8(std::string_view text) {
   std::wstring wide;
   wide.reserve(text.size());
   while (!text.empty()) {
+    const std::size_t ascii = asciiStart(text);
+    const std::size_t size = wide.size();
+    wide.resize(size + ascii);
+    std::copy_n(text.begin(), ascii, wide.begin() + static_cast<std::ptrdiff_t>(size));
+    text.remove_prefix(ascii);
+    if (text.empty()) break;
     const Decoded next = decode(text);
     appendWide(wide, next.length == 0 ? replacement : next.code);
     text.remove_prefix(next.length == 0 ? 1 : next.length);
