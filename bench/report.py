@@ -124,7 +124,7 @@ def growth_of(growth, kind, unit):
              "  line [" + ", ".join(f"{math.log10(y):.2f}" for _, y in points) + "]",
              "  line [" + ", ".join(f"{math.log10(fixed + slope * x):.2f}" for x, _ in points) +
              "]", "```"]
-    return (table([unit, "least time", "straight line", "of it"], rows) +
+    return (table([unit, "processor time", "straight line", "of it"], rows) +
             f"\nOver the last two powers of ten the time grows with the power {exponent:.2f} of "
             f"the size; at most {STRAIGHT}: {verdict(exponent <= STRAIGHT)}.\n\n" +
             "\n".join(chart) + "\n")
@@ -134,10 +134,10 @@ def micro_table(micro):
     rows = []
     for name, each in micro.items():
         rate = each.get("bytes_per_second")
-        rows.append([name, time(each["real_time"] / 1000),
+        rows.append([name, time(each["cpu_time"] / 1000),
                      f"{rate / 1e9:.2f} GB/s, {1e12 / rate:.0f} ns a kB" if rate else ""])
     base64 = micro["base64/utf8/20000000"]["bytes_per_second"] / 1e9
-    listings = max(micro[f"numbering/{count}"]["real_time"] / micro[f"listing/{count}"]["real_time"]
+    listings = max(micro[f"numbering/{count}"]["cpu_time"] / micro[f"listing/{count}"]["cpu_time"]
                    for count in (1000, 100000))
     return table(["part", "time", "rate"], rows) + (
         f"\nBase64 of 20 MB: {base64:.1f} GB/s; target {LEAST_BASE64}: "
@@ -164,10 +164,11 @@ def markdown(results):
         "has logged in.\n", memory_table(results["memory"]),
         "## Threads\n\nLogins over HTTP. The service shares the processors.\n",
         threads_table(results["threads"]),
-        "## Growth\n\nBriefings by the size of their text:\n",
+        "## Growth\n\nProcessor time, the service's not counted. Briefings by the size of their "
+        "text:\n",
         growth_of(results["growth"], "text", "bytes"), "Directories by their entries:\n",
         growth_of(results["growth"], "entries", "entries"),
-        "## Parts\n", micro_table(results["micro"]),
+        "## Parts\n\nProcessor times.\n", micro_table(results["micro"]),
     ]
     if results["instructions"]:
         rows = [[name, SCENARIOS[name], f"{count:,}"]
