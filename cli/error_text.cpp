@@ -1,7 +1,6 @@
 #include "cli/error_text.h"
 
-#include "cli/masking.h"
-
+#include <ktpnaips/core/masking.h>
 #include <ktpnaips/platform/text.h>
 
 #include <fmt/format.h>
@@ -41,7 +40,7 @@ constexpr std::array<std::string_view, 5> verdicts{
 
 /// As UTF-8. An answer may repeat the request, so passwords are masked in both parts.
 std::string shown(std::wstring_view text) {
-  return masked(ktpnaips::text::toUtf8(text));
+  return ktpnaips::withMaskedPasswords(ktpnaips::text::toUtf8(text));
 }
 
 }  // namespace

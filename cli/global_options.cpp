@@ -91,7 +91,9 @@ void GlobalOptions::addTo(CLI::App& app) {
   flag(outputGroup, "--trace", trace, "With a failed answer, show the request as it was sent");
   flag(outputGroup, "--dry-run", dryRun, "Write the request document and send nothing");
   flag(outputGroup, "-q,--quiet", quiet, "No progress and remarks");
-  flag(outputGroup, "-v,--verbose", verbose, "Say what is being done");
+  app.add_flag("-v,--verbose", verbose,
+               "Say what is being done; twice, show what is sent and received, too")
+      ->group(outputGroup);
 }
 
 void GlobalOptions::apply() const {

@@ -30,7 +30,7 @@ struct GlobalOptions {
   bool trace = false;
   bool dryRun = false;
   bool quiet = false;
-  bool verbose = false;
+  int verbose = 0;  ///< 1 says what is being done, 2 shows the documents, too
 
   void addTo(CLI::App& app);
 

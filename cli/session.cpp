@@ -1,13 +1,14 @@
 #include "cli/session.h"
 
 #include "cli/error_text.h"
-#include "cli/masking.h"
 #include "cli/out_folder.h"
 #include "cli/text_output.h"
 #include "cli/usage_error.h"
 
+#include <ktpnaips/core/call_observer.h>
 #include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/failure_report.h>
+#include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/naips_config.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/terminal.h>
@@ -48,23 +49,55 @@ std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view h
   return ktpnaips::ProxyCredentials{fromUtf8(*user), fromUtf8(*password)};
 }
 
+/// One line on a call that has ended, as in
+/// "authenticate-rqs to https://host/path: HTTP 200, sent 510 bytes, received 1,204 in 35 ms".
+std::string described(const ktpnaips::ServiceCall& call) {
+  const double milliseconds = static_cast<double>(call.untilEnd.count()) / 1000;
+  const std::string outcome = call.status.empty() ? "no answer" : "HTTP " + call.status;
+  return fmt::format("{} to {}: {}, sent {} bytes, received {} in {:.0f} ms",
+                     toUtf8(call.requestName), toUtf8(call.url), outcome, call.bytesSent,
+                     call.bytesReceived, milliseconds);
+}
+
+void showDocuments(const ktpnaips::ServiceCall& call) {
+  complain("> " + plain(fromUtf8(call.request())));
+  if (!call.status.empty()) complain("< " + plain(fromUtf8(call.answer())));
+}
+
 }  // namespace
 
 Session::Session(const GlobalOptions& options) : options_(options) {
   ktpnaips::setFailureReporter(
       [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
   if (ktpnaips::terminal::canAsk()) ktpnaips::setProxyLogIn(askForProxyAccount);
+}
+
+Session::~Session() {
+  ktpnaips::setCallObserver({});
+  ktpnaips::setProxyLogIn({});
+  ktpnaips::setFailureReporter({});
+}
+
+void Session::start() {
+  if (isStarted_) return;
+  isStarted_ = true;
   options_.apply();
   if (options_.out && !options_.dryRun) prepareOutFolder(*options_.out);
   if (options_.simulate && !options_.dryRun) startSimulation();
   NAIPSConfig config;
   config.UserName(fromUtf8(userOf(options_).value_or("")));
   config.Password(fromUtf8(password()));
+  if (options_.verbose > 0 && !options_.dryRun) watchCalls();
 }
 
-Session::~Session() {
-  ktpnaips::setProxyLogIn({});
-  ktpnaips::setFailureReporter({});
+void Session::watchCalls() const {
+  const auto& to = ktpnaips::Deployment::current().connectTo;
+  remark(fmt::format("Asking the service in mode {}{} ...", options_.mode,
+                     to.empty() ? "" : " at " + toUtf8(to)));
+  ktpnaips::setCallObserver([level = options_.verbose](const ktpnaips::ServiceCall& call) {
+    complain(oneLine(fromUtf8(described(call))));
+    if (level > 1) showDocuments(call);
+  });
 }
 
 void Session::startSimulation() {
@@ -99,15 +132,8 @@ void Session::remark(std::string_view text) const {
   if (!options_.quiet) complain(text);
 }
 
-void Session::announce() const {
-  if (!options_.verbose) return;
-  const auto& to = ktpnaips::Deployment::current().connectTo;
-  remark(fmt::format("Asking the service in mode {}{} ...", options_.mode,
-                     to.empty() ? "" : " at " + toUtf8(to)));
-}
-
 void Session::writeDocument(const ktpnaips::IAppendable& request) const {
-  printLine(masked(ktpnaips::requestDocument(request)));
+  printLine(ktpnaips::withMaskedPasswords(ktpnaips::requestDocument(request)));
 }
 
 std::wstring Session::kept(const std::wstring& file, const std::string& name) {

@@ -24,8 +24,6 @@ namespace cli {
 /// shown.
 class Session {
  public:
-  /// Applies the options, starts a simulated service if asked to, and finds the password. Throws
-  /// `UsageError`.
   explicit Session(const GlobalOptions& options);
   ~Session();
   Session(const Session&) = delete;
@@ -40,7 +38,6 @@ class Session {
       showDocument(request);
       return decltype(request.submit())();
     }
-    announce();
     const auto response = fetch(request);
     show(response.get(), propertiesOf(response, fields), [&] { print(*response); });
     return response;
@@ -67,9 +64,12 @@ class Session {
     if (!isDryRun()) finishEach(outcomes);
   }
 
-  /// Submits the request, shows nothing, and keeps the files of its response.
+  /// Submits the request, shows nothing, and keeps the files of its response. The first one applies
+  /// the options, starts a simulated service if asked to, and finds the password; that throws
+  /// `UsageError`.
   template <class Request>
   auto fetch(Request& request) {
+    start();
     setAccountOf(request);
     const auto response = request.submit();
     if (response != nullptr) keepFiles(*response);
@@ -83,10 +83,12 @@ class Session {
   /// Writes the request's document.
   template <class Request>
   void showDocument(Request& request) {
+    start();
     setAccountOf(request);
     writeDocument(request);
   }
 
+  [[nodiscard]] const GlobalOptions& options() const { return options_; }
   [[nodiscard]] bool isDryRun() const { return options_.dryRun; }
   /// Whether files are copied into a folder of the caller's.
   [[nodiscard]] bool keepsFiles() const { return options_.out.has_value(); }
@@ -97,10 +99,11 @@ class Session {
   [[nodiscard]] ExitStatus exitStatus() const;
 
  private:
+  void start();
   void startSimulation();
+  void watchCalls() const;
   [[nodiscard]] std::string password() const;
   void setAccount(ktpnaips::AbstractRequest& request) const;
-  void announce() const;
   void writeDocument(const ktpnaips::IAppendable& request) const;
   /// Writes what went wrong, after the key of the request when it is one of several.
   void showError(const ktpnaips::AbstractResponse* response, const std::string& key = {}) const;
@@ -144,6 +147,7 @@ class Session {
   GlobalOptions options_;
   std::unique_ptr<Simulation> simulation_;
   std::vector<std::string> failures_;
+  bool isStarted_ = false;
   bool hasError_ = false;
 };
 

@@ -1,3 +1,4 @@
+#include <ktpnaips/core/call_watch.h>
 #include <ktpnaips/core/conversions.h>
 #include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/transport.h>
@@ -56,7 +57,8 @@ std::optional<std::string> prepare(http::Exchange& exchange, std::wstring_view u
 
 /// Sends until a proxy is content. Returns what the answer starts with: the raw headers unless it
 /// is a 200 of an XML content type, or the text of the failure with `hasAnswer` false.
-std::string send(http::Exchange& exchange, std::string_view body, bool& hasAnswer) {
+std::string send(http::Exchange& exchange, std::string_view body, CallWatch& watch,
+                 bool& hasAnswer) {
   for (;;) {
     if (const auto code = exchange.send(body)) {
       hasAnswer = false;
@@ -72,6 +74,7 @@ std::string send(http::Exchange& exchange, std::string_view body, bool& hasAnswe
     if (status != "200" || contentType.find("xml") == std::string::npos) {
       httpQueryInfo(exchange, http::Info::rawHeaders, rawHeaders);
     }
+    watch.answered(status, rawHeaders.size());
     return rawHeaders;
   }
 }
@@ -112,17 +115,22 @@ void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, s
   });
 }
 
-std::string winInetSend(std::wstring_view url, std::wstring_view, std::string_view body) {
-  return trapped<std::string>(inModule(L"winInetSend", L"winInet"), [&](std::string& answer) {
+std::string winInetSend(std::wstring_view url, std::wstring_view requestName,
+                        std::string_view body) {
+  CallWatch watch(requestName, url, body);
+  std::string answer;
+  trapped(inModule(L"winInetSend", L"winInet"), [&] {
     http::Exchange exchange;
     if (auto failure = prepare(exchange, url)) {
       answer = *std::move(failure);
       return;
     }
     bool hasAnswer = false;
-    answer = send(exchange, body, hasAnswer);
+    answer = send(exchange, body, watch, hasAnswer);
     if (hasAnswer) readBody(exchange, answer);
   });
+  watch.ended(answer);
+  return answer;
 }
 
 bool httpQueryInfo(const http::Exchange& request, http::Info what, std::string& value) {

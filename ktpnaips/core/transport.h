@@ -26,7 +26,7 @@ void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, s
 
 /// Posts `body` to `url` and waits for the answer. Returns its body alone for a 200 answer of an
 /// XML content type, otherwise the raw headers followed by the body, and in place of an answer the
-/// text of the step that failed. Never throws. `requestName` is not sent.
+/// text of the step that failed. Never throws. `requestName` is not sent; it is for the observer.
 std::string winInetSend(std::wstring_view url, std::wstring_view requestName,
                         std::string_view body);
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace ktpnaips {
+
+/// One call of the service, as its observer is told of it when it has ended. What it refers to is
+/// there for as long as the observer runs.
+class ServiceCall {
+ public:
+  std::wstring_view requestName;  ///< as in "authenticate-rqs"
+  std::wstring_view url;
+  std::size_t bytesSent = 0;      ///< of the request document
+  std::size_t bytesReceived = 0;  ///< of the answer's body
+  std::string status;             ///< the HTTP status, as in "200"; empty when nothing answered
+  std::string_view failure;       ///< in place of an answer, the step that failed and why; or empty
+  std::chrono::microseconds untilAnswer{};  ///< from the start to the answer's headers; or 0
+  std::chrono::microseconds untilEnd{};     ///< from the start to the end of the answer or failure
+
+  /// The document that was posted, its passwords masked; copied when it is asked for.
+  [[nodiscard]] std::string request() const;
+  /// The answer's body, passwords that it repeats masked; copied when it is asked for.
+  [[nodiscard]] std::string answer() const;
+
+ private:
+  friend class CallWatch;
+
+  std::string_view request_;
+  std::string_view answer_;
+};
+
+/// Is told of each call, on the thread that makes it, before the answer is looked into. What it
+/// throws is reported as an unexpected failure and changes nothing about the call.
+using CallObserver = std::function<void(const ServiceCall& call)>;
+
+/// Installs the observer for the whole process, from any thread; an empty function removes it. A
+/// call under way tells the one that was there when it started.
+void setCallObserver(CallObserver observer);
+
+}  // namespace ktpnaips
