@@ -1,9 +1,9 @@
 #include "cli/application.h"
 
 #include "cli/command.h"
-#include "cli/configuration_file.h"
 #include "cli/exit_status.h"
 #include "cli/global_options.h"
+#include "cli/messages.h"
 #include "cli/session.h"
 #include "cli/usage_error.h"
 
@@ -13,7 +13,6 @@
 #include <CLI/Formatter.hpp>
 
 #include <algorithm>
-#include <cstdio>
 #include <map>
 #include <string>
 #include <string_view>
@@ -22,10 +21,15 @@
 namespace cli {
 namespace {
 
-const std::map<std::string_view, const char*> groupHelp{
-    {"account", "The account"},         {"brief", "Briefings"},           {"chart", "Charts"},
-    {"flight", "Flight notifications"}, {"met", "General MET messages"},  {"notam", "NOTAMs"},
-    {"route", "Standard routes"},       {"spfib", "Pre-flight bulletins"}};
+const std::map<std::string_view, const char*> groupHelp{{"account", "The account"},
+                                                        {"brief", "Briefings"},
+                                                        {"chart", "Charts"},
+                                                        {"config", "The settings of naips"},
+                                                        {"flight", "Flight notifications"},
+                                                        {"met", "General MET messages"},
+                                                        {"notam", "NOTAMs"},
+                                                        {"route", "Standard routes"},
+                                                        {"spfib", "Pre-flight bulletins"}};
 
 CLI::App* addCommandGroup(CLI::App& app, std::string_view name) {
   const auto help = groupHelp.find(name);
@@ -41,23 +45,61 @@ void addCommands(CLI::App& app, Run& selected) {
     CLI::App*& parent = groups[command.group];
     if (parent == nullptr) parent = addCommandGroup(app, command.group);
     CLI::App* each = parent->add_subcommand(command.name, command.help);
+    each->footer(fmt::format("Example:\n  {}", command.example));
     each->final_callback([&selected, run = command.setUp(*each)] { selected = run; });
   }
 }
 
-/// The command as far as it was understood, as in "naips chart get".
-std::string understoodCommand(const CLI::App& app) {
-  std::string words = app.get_name();
+/// The command as far as it was understood: the words, as in "naips chart get", and the last of
+/// them.
+struct Understood {
+  std::string words;
+  const CLI::App* last;
+};
+
+Understood understoodPart(const CLI::App& app) {
+  Understood part{app.get_name(), &app};
   for (auto next = app.get_subcommands(); !next.empty(); next = next.front()->get_subcommands()) {
-    words += ' ' + next.front()->get_name();
+    part.last = next.front();
+    part.words += ' ' + part.last->get_name();
   }
-  return words;
+  return part;
 }
 
-/// CLI11's messages, with where to look next.
+/// What to say when a group of commands was called without one of them.
+std::string missingCommand(const CLI::App& app, const Understood& part) {
+  std::vector<std::string> names;
+  for (const auto* each : part.last->get_subcommands([](const auto*) { return true; })) {
+    names.push_back(each->get_name());
+  }
+  const auto unknown = app.remaining(true);
+  const auto word =
+      std::ranges::find_if(unknown, [](const auto& each) { return !each.starts_with('-'); });
+  const std::string what = word == unknown.end()
+                               ? fmt::format("\"{}\" needs a command", part.words)
+                               : fmt::format("there is no \"{} {}\"", part.words, *word);
+  return fmt::format("{}: give one of {}", what, fmt::join(names, ", "));
+}
+
+/// What is wrong with the command line.
+std::string problem(const CLI::App& app, const Understood& part, const CLI::ParseError& error) {
+  const bool lacksCommand =
+      part.last->get_require_subcommand_min() > 0 && part.last->get_subcommands().empty();
+  if (lacksCommand) return missingCommand(app, part);
+  const std::string_view text = error.what();  // of a conversion: "Could not convert: NAME = VALUE"
+  const auto name = text.find(": ");
+  const auto value = text.rfind(" = ");
+  const bool isConversion = dynamic_cast<const CLI::ConversionError*>(&error) != nullptr;
+  if (!isConversion || name == text.npos || value == text.npos) return std::string(text);
+  return fmt::format("\"{}\" is not a number that {} can have", text.substr(value + 3),
+                     text.substr(name + 2, value - name - 2));
+}
+
 int refuse(const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() == 0) return app.exit(error);
-  fmt::print(stderr, "naips: {}\nTry \"{} --help\".\n", error.what(), understoodCommand(app));
+  const Understood part = understoodPart(app);
+  complainOfError(problem(app, part, error));
+  complain(fmt::format("Try \"{} --help\".", part.words));
   return unusable;
 }
 
@@ -84,7 +126,10 @@ int run(std::vector<std::string> arguments) {
   Run selected;
   addCommands(app, selected);
   try {
-    arguments = withConfigurationFile(app, std::move(arguments));
+    options.configuration = readConfiguration(app, arguments);
+    // In front, so that the command line wins.
+    const auto& configured = options.configuration.arguments;
+    arguments.insert(arguments.begin(), configured.begin(), configured.end());
     std::ranges::reverse(arguments);
     app.parse(std::move(arguments));
     requireCombinable(options);
@@ -94,7 +139,7 @@ int run(std::vector<std::string> arguments) {
   } catch (const CLI::ParseError& error) {
     return refuse(app, error);
   } catch (const UsageError& error) {
-    fmt::print(stderr, "naips: {}\n", error.what());
+    complainOfError(error.what());
     return unusable;
   }
 }

@@ -17,6 +17,7 @@ struct Command {
   const char* group;  ///< the first word, or empty for a command of one word
   const char* name;
   const char* help;
+  const char* example;  ///< a whole call, shown in its help
   /// Adds its arguments and options and returns what runs it.
   Run (*setUp)(CLI::App& app);
 };

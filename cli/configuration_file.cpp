@@ -31,19 +31,11 @@ std::optional<std::string> namedFile(const std::vector<std::string>& arguments) 
   return file;
 }
 
-std::optional<std::string> defaultFile() {
-  std::filesystem::path folder;
-  if (const auto config = environment("XDG_CONFIG_HOME")) {
-    folder = pathOf(*config);
-  } else if (const auto home = environment("HOME")) {
-    folder = pathOf(*home) / ".config";
-  } else {
-    return std::nullopt;
-  }
-  const auto file = folder / "naips" / "config.toml";
+std::optional<std::string> existingDefaultFile() {
+  const std::string file = defaultConfigurationFile();
   std::error_code ignored;
-  if (!std::filesystem::exists(file, ignored)) return std::nullopt;
-  return pathText(file);
+  if (file.empty() || !std::filesystem::exists(pathOf(file), ignored)) return std::nullopt;
+  return file;
 }
 
 std::vector<CLI::ConfigItem> read(const std::string& file) {
@@ -63,13 +55,32 @@ std::string unknownKey(const std::string& file, const std::string& key) {
 
 }  // namespace
 
-std::vector<std::string> withConfigurationFile(const CLI::App& app,
-                                               std::vector<std::string> arguments) {
-  auto file = namedFile(arguments);
-  if (!file) file = defaultFile();
-  if (!file) return arguments;
+bool Configuration::has(const std::string& name) const {
+  return std::ranges::any_of(arguments, [start = "--" + name + "="](const auto& argument) {
+    return argument.starts_with(start);
+  });
+}
 
-  std::vector<std::string> all;
+std::string defaultConfigurationFile() {
+  std::filesystem::path folder;
+  if (const auto config = environment("XDG_CONFIG_HOME")) {
+    folder = pathOf(*config);
+  } else if (const auto home = environment("HOME")) {
+    folder = pathOf(*home) / ".config";
+  } else if (const auto data = environment("APPDATA")) {  // Windows
+    folder = pathOf(*data);
+  } else {
+    return {};
+  }
+  return pathText(folder / "naips" / "config.toml");
+}
+
+Configuration readConfiguration(const CLI::App& app, const std::vector<std::string>& arguments) {
+  auto file = namedFile(arguments);
+  if (!file) file = existingDefaultFile();
+  if (!file) return {};
+
+  Configuration configuration{*file, {}};
   for (const auto& item : read(*file)) {
     if (item.name == "++" || item.name == "--") continue;  // the parser's section marks
     const auto* option = app.get_option_no_throw("--" + item.name);
@@ -77,11 +88,9 @@ std::vector<std::string> withConfigurationFile(const CLI::App& app,
                            item.name != "help" && item.name != "version";
     if (!isSetting || item.inputs.size() != 1) throw UsageError(unknownKey(*file, item.fullname()));
     if (item.name == "user" && environment("NAIPS_USER")) continue;
-    all.push_back(fmt::format("--{}={}", item.name, item.inputs.front()));
+    configuration.arguments.push_back(fmt::format("--{}={}", item.name, item.inputs.front()));
   }
-  all.insert(all.end(), std::make_move_iterator(arguments.begin()),
-             std::make_move_iterator(arguments.end()));
-  return all;
+  return configuration;
 }
 
 }  // namespace cli

@@ -7,10 +7,21 @@
 
 namespace cli {
 
-/// The arguments with those of the configuration file in front, so that the command line wins.
-/// The file is the one of `--config`, or the default one when it exists. A user name there gives
-/// way to the environment's. Throws `UsageError` when the file or a key of it cannot be used.
-std::vector<std::string> withConfigurationFile(const CLI::App& app,
-                                               std::vector<std::string> arguments);
+/// The settings of a configuration file.
+struct Configuration {
+  std::string file;                    ///< its path; empty when none is read
+  std::vector<std::string> arguments;  ///< as long options, "--name=value"
+
+  /// Whether it sets the option of this long name.
+  [[nodiscard]] bool has(const std::string& name) const;
+};
+
+/// Where the default configuration file is looked for; empty when the environment does not say.
+std::string defaultConfigurationFile();
+
+/// Reads the file that `--config` names in the arguments, or the default one when it exists. A user
+/// name there gives way to the environment's. Throws `UsageError` when the file or a key of it
+/// cannot be used.
+Configuration readConfiguration(const CLI::App& app, const std::vector<std::string>& arguments);
 
 }  // namespace cli

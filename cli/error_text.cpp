@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 namespace cli {
 namespace {
@@ -19,19 +18,32 @@ struct Summary {
   std::string_view sentence;
 };
 
-// The first sign found in the text decides.
+constexpr std::string_view faulty =
+    "{} could not process the request and answered with a fault, which follows.";
+constexpr std::string_view untrusted =
+    "The certificate of {} is not trusted; check --host, and --ca-file if its issuer is your own.";
+constexpr std::string_view loggedOut =
+    "A proxy in front of {} wants an account; call naips at a terminal to be asked for it.";
+
+// The first sign found in the text decides. {} stands for where the request went.
 constexpr std::array summaries{
-    Summary{"NAIPS Error:", "The service refused the request; it says why below."},
-    Summary{"SOAP Fault Code:", "The service could not process the request and answered a fault."},
-    Summary{"SOAP Fault String:",
-            "The service could not process the request and answered a fault."},
+    Summary{"NAIPS Error:", "{} refused the request; it says why below."},
+    Summary{"SOAP Fault Code:", faulty},
+    Summary{"SOAP Fault String:", faulty},
     Summary{"SOAP Fault: Not a SOAP response",
-            "The answer is XML but not from NAIPS; check --host and --mode."},
+            "What {} answered is XML but not from NAIPS; check --host and --mode."},
+    Summary{"Dec: 12002\t", "{} did not answer in time; check the network, or try again later."},
+    Summary{"Dec: 12005\t", "The address of {} cannot be used; check --host and --connect-to."},
+    Summary{"Dec: 12007\t", "The host of {} is not known; check --host and the network."},
+    Summary{"Dec: 12045\t", untrusted},
+    Summary{"Dec: 12175\t", untrusted},
     Summary{" call failed: ",
-            "The service could not be reached; check the network, --host and --connect-to."},
-    Summary{"HTTP/1.", "The server answered, but not as NAIPS does; its answer follows."},
+            "{} could not be reached; check the network, --host and --connect-to."},
+    Summary{"HTTP/1.1 407", loggedOut},
+    Summary{"HTTP/1.0 407", loggedOut},
+    Summary{"HTTP/1.", "{} answered, but not as NAIPS does; check --host. Its answer follows."},
     Summary{"SOAP Fault: Unrecognised response.",
-            "The answer cannot be read; it may have been cut off. Try again."},
+            "The answer of {} cannot be read; it may have been cut off. Try again."},
 };
 
 // How the text starts when the service itself has answered with a refusal or a fault.
@@ -54,11 +66,13 @@ ErrorText errorText(const ktpnaips::AbstractResponse* response) {
   return {shown(view.substr(0, end)), shown(view.substr(end + traceStart.size()))};
 }
 
-std::string summaryOf(std::string_view errorText) {
+std::string summaryOf(std::string_view errorText, std::string_view service) {
   for (const auto& [sign, sentence] : summaries) {
-    if (errorText.find(sign) != std::string_view::npos) return std::string(sentence);
+    if (errorText.find(sign) != std::string_view::npos) {
+      return fmt::format(fmt::runtime(sentence), service);
+    }
   }
-  return "There is no usable answer.";
+  return fmt::format("There is no usable answer from {}.", service);
 }
 
 bool mayHaveBeenDone(const ErrorText& error) {
@@ -67,10 +81,6 @@ bool mayHaveBeenDone(const ErrorText& error) {
                             return error.text.starts_with(start);
                           });
   return wasSent && !hasVerdict;
-}
-
-void complain(std::string_view text) {
-  fmt::print(stderr, "{}\n", text);
 }
 
 }  // namespace cli

@@ -16,14 +16,11 @@ struct ErrorText {
 /// The error text of a response; that of an unanswered one without a response.
 ErrorText errorText(const ktpnaips::AbstractResponse* response);
 
-/// One sentence that says what happened and what to do next.
-std::string summaryOf(std::string_view errorText);
+/// One sentence that says what happened and what to do next. `service` is where the request went.
+std::string summaryOf(std::string_view errorText, std::string_view service);
 
 /// True when the request was sent, or tried to be, and no verdict of the service came back: nobody
 /// knows whether it has done what was asked.
 bool mayHaveBeenDone(const ErrorText& error);
-
-/// Writes a line to standard error.
-void complain(std::string_view text);
 
 }  // namespace cli

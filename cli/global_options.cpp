@@ -3,7 +3,6 @@
 #include "cli/paths.h"
 #include "cli/usage_error.h"
 
-#include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/naips_config.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
@@ -25,18 +24,6 @@ constexpr const char* outputGroup = "Output";
 
 void set(std::wstring& field, const std::optional<std::string>& value) {
   if (value) field = fromUtf8(*value);
-}
-
-/// The host name that the mode selects.
-std::wstring& endpointHost(ktpnaips::Deployment& deployment, const GlobalOptions& options) {
-  switch (options.mode) {
-    case 0:
-      return deployment.developerHost;
-    case 2:
-      return deployment.testHost;
-    default:
-      return options.useProxy ? deployment.proxyHost : deployment.productionHost;
-  }
 }
 
 }  // namespace
@@ -96,6 +83,17 @@ void GlobalOptions::addTo(CLI::App& app) {
       ->group(outputGroup);
 }
 
+std::wstring& GlobalOptions::endpointHost(ktpnaips::Deployment& deployment) const {
+  switch (mode) {
+    case 0:
+      return deployment.developerHost;
+    case 2:
+      return deployment.testHost;
+    default:
+      return useProxy ? deployment.proxyHost : deployment.productionHost;
+  }
+}
+
 void GlobalOptions::apply() const {
   ktpnaips::NAIPSConfig config;
   config.Mode(mode);
@@ -104,7 +102,7 @@ void GlobalOptions::apply() const {
   config.DisableICAO(disableIcao);
 
   ktpnaips::Deployment deployment = ktpnaips::Deployment::current();
-  set(endpointHost(deployment, *this), host);
+  set(endpointHost(deployment), host);
   set(deployment.connectTo, connectTo);
   set(deployment.caFile, caFile);
   set(deployment.schemaNamespace, schemaNamespace);

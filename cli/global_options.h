@@ -1,5 +1,9 @@
 #pragma once
 
+#include "cli/configuration_file.h"
+
+#include <ktpnaips/core/deployment.h>
+
 #include <CLI/App.hpp>
 
 #include <cstdint>
@@ -10,6 +14,7 @@ namespace cli {
 
 /// What can be set before or after any command.
 struct GlobalOptions {
+  Configuration configuration;
   std::int32_t mode = 1;
   bool useProxy = false;
   bool newFplFormat = false;
@@ -33,6 +38,9 @@ struct GlobalOptions {
   int verbose = 0;  ///< 1 says what is being done, 2 shows the documents, too
 
   void addTo(CLI::App& app);
+
+  /// The host name that the mode selects.
+  std::wstring& endpointHost(ktpnaips::Deployment& deployment) const;
 
   /// Sets the library's configuration and deployment accordingly.
   void apply() const;

@@ -1,5 +1,7 @@
 #include "cli/json.h"
 
+#include "cli/text_output.h"
+
 #include <ktpnaips/platform/text.h>
 
 #include <fmt/format.h>
@@ -10,6 +12,10 @@ namespace cli {
 
 Json jsonText(std::wstring_view text) {
   return ktpnaips::text::toUtf8(text);
+}
+
+void printJson(const Json& json) {
+  printLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 std::string dateTimeText(ktpnaips::DateTime value) {

@@ -14,6 +14,9 @@ using Json = nlohmann::ordered_json;
 /// A text as JSON.
 Json jsonText(std::wstring_view text);
 
+/// Writes it in one line to standard output.
+void printJson(const Json& json);
+
 /// "YYYY-MM-DDThh:mm:ssZ".
 std::string dateTimeText(ktpnaips::DateTime value);
 

@@ -1,16 +1,16 @@
 #include "cli/application.h"
 #include "cli/exit_status.h"
+#include "cli/messages.h"
 
 #include <ktpnaips/platform/terminal.h>
 
-#include <cstdio>
 #include <exception>
 
 int main(int argc, char** argv) {
   try {
     return cli::run(ktpnaips::terminal::arguments(argc, argv));
   } catch (const std::exception& failure) {
-    std::fprintf(stderr, "naips: %s\n", failure.what());
+    cli::complainOfError(failure.what());
     return cli::internalFailure;
   }
 }

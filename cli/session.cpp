@@ -1,6 +1,7 @@
 #include "cli/session.h"
 
 #include "cli/error_text.h"
+#include "cli/messages.h"
 #include "cli/out_folder.h"
 #include "cli/text_output.h"
 #include "cli/usage_error.h"
@@ -32,10 +33,6 @@ bool isError(const ktpnaips::AbstractResponse* response) {
   return response == nullptr || response->Error();
 }
 
-void showJson(const Json& json) {
-  printLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
-
 std::optional<std::string> userOf(const GlobalOptions& options) {
   return options.user ? options.user : environment("NAIPS_USER");
 }
@@ -57,6 +54,12 @@ std::string described(const ktpnaips::ServiceCall& call) {
   return fmt::format("{} to {}: {}, sent {} bytes, received {} in {:.0f} ms",
                      toUtf8(call.requestName), toUtf8(call.url), outcome, call.bytesSent,
                      call.bytesReceived, milliseconds);
+}
+
+/// Scheme and host of a URL, as in "https://naips.example".
+std::string siteOf(std::wstring_view url) {
+  const auto host = url.find(L"//") + 2;
+  return plain(url.substr(0, url.find(L'/', host)));
 }
 
 void showDocuments(const ktpnaips::ServiceCall& call) {
@@ -87,16 +90,19 @@ void Session::start() {
   NAIPSConfig config;
   config.UserName(fromUtf8(userOf(options_).value_or("")));
   config.Password(fromUtf8(password()));
-  if (options_.verbose > 0 && !options_.dryRun) watchCalls();
+  if (!options_.dryRun) watchCalls();
 }
 
-void Session::watchCalls() const {
-  const auto& to = ktpnaips::Deployment::current().connectTo;
-  remark(fmt::format("Asking the service in mode {}{} ...", options_.mode,
-                     to.empty() ? "" : " at " + toUtf8(to)));
-  ktpnaips::setCallObserver([level = options_.verbose](const ktpnaips::ServiceCall& call) {
-    complain(oneLine(fromUtf8(described(call))));
-    if (level > 1) showDocuments(call);
+void Session::watchCalls() {
+  const std::string to = toUtf8(ktpnaips::Deployment::current().connectTo);
+  const std::string address = to.empty() ? "" : " at " + to;
+  if (options_.verbose > 0) {
+    remark(fmt::format("Asking the service in mode {}{} ...", options_.mode, address));
+  }
+  ktpnaips::setCallObserver([this, address](const ktpnaips::ServiceCall& call) {
+    service_ = siteOf(call.url) + address;
+    if (options_.verbose > 0) complain(oneLine(fromUtf8(described(call))));
+    if (options_.verbose > 1) showDocuments(call);
   });
 }
 
@@ -152,7 +158,7 @@ void Session::show(const ktpnaips::AbstractResponse* response, const Json& prope
   if (options_.json) {
     Json json = outcome(response, properties);
     json["Failures"] = failures_;
-    showJson(json);
+    printJson(json);
     return;
   }
   if (hasError_) {
@@ -175,7 +181,7 @@ Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& pr
 
 void Session::showError(const ktpnaips::AbstractResponse* response, const std::string& key) const {
   const ErrorText error = errorText(response);
-  complain("naips: " + (key.empty() ? "" : key + ": ") + summaryOf(error.text));
+  complainOfError((key.empty() ? "" : key + ": ") + summaryOf(error.text, service_));
   complain(plain(fromUtf8(error.text)));
   if (options_.trace && !error.trace.empty()) {
     complain("In response to request:\n" + error.trace);
@@ -207,7 +213,7 @@ void Session::finishEach(const std::vector<Json>& outcomes) const {
   json["Count"] = outcomes.size();
   json["Items"] = outcomes;
   json["Failures"] = failures_;
-  showJson(json);
+  printJson(json);
 }
 
 void Session::showFailures() const {

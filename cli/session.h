@@ -101,7 +101,7 @@ class Session {
  private:
   void start();
   void startSimulation();
-  void watchCalls() const;
+  void watchCalls();
   [[nodiscard]] std::string password() const;
   void setAccount(ktpnaips::AbstractRequest& request) const;
   void writeDocument(const ktpnaips::IAppendable& request) const;
@@ -146,6 +146,7 @@ class Session {
 
   GlobalOptions options_;
   std::unique_ptr<Simulation> simulation_;
+  std::string service_ = "NAIPS";  // where the last request went
   std::vector<std::string> failures_;
   bool isStarted_ = false;
   bool hasError_ = false;

@@ -1,5 +1,7 @@
 #include "cli/text_output.h"
 
+#include "cli/emphasis.h"
+
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
 
@@ -8,6 +10,9 @@
 #include <utility>
 
 namespace cli {
+
+using ktpnaips::terminal::Stream;
+
 namespace {
 
 constexpr std::size_t labelWidth = 14;
@@ -68,10 +73,9 @@ void printLine(std::string_view line) {
 
 void printField(std::string_view label, std::wstring_view value) {
   if (value.empty()) return;
-  std::string line(label);
-  line += ':';
-  line.resize(std::max(labelWidth, line.size() + 1), ' ');
-  printLine(line + plain(value));
+  const std::string shown = emphasised(Stream::output, Emphasis::heading, std::string(label) + ':');
+  const std::size_t used = widthOf(label) + 1;
+  printLine(shown + std::string(std::max(labelWidth, used + 1) - used, ' ') + plain(value));
 }
 
 void printText(std::wstring_view text) {
@@ -108,7 +112,9 @@ void Table::print() const {
       line += row[i];
       if (i + 1 < row.size()) line.append(widths[i] - widthOf(row[i]) + 2, ' ');
     }
-    printLine(line.substr(0, line.find_last_not_of(' ') + 1));
+    line.erase(line.find_last_not_of(' ') + 1);
+    const bool isHeading = &row == &rows_.front();
+    printLine(isHeading ? emphasised(Stream::output, Emphasis::heading, line) : line);
   }
 }
 

@@ -39,7 +39,7 @@ void printHolder(const AuthenticateRsp& response) {
 }
 
 const Registered logIn({"account", "login", "Check the account and show its holder",
-                        [](CLI::App&) -> Run {
+                        "naips account login --user pilot1", [](CLI::App&) -> Run {
                           const auto request = std::make_shared<AuthenticateRqs>();
                           return [=](Session& session) {
                             session.submit(
@@ -52,7 +52,9 @@ const Registered logIn({"account", "login", "Check the account and show its hold
                         }});
 
 const Registered changePassword(
-    {"account", "password", "Change the password and the e-mail address", [](CLI::App& app) -> Run {
+    {"account", "password", "Change the password and the e-mail address",
+     "naips account password --new-password-file new.txt --email me@pilot.example",
+     [](CLI::App& app) -> Run {
        const auto request = std::make_shared<ChangePasswordRqs>();
        app.add_option_function<std::string>(
               "--new-password-file",
@@ -72,7 +74,7 @@ const Registered changePassword(
      }});
 
 const Registered listGroups({"account", "groups", "List the groups of the account",
-                             [](CLI::App&) -> Run {
+                             "naips account groups", [](CLI::App&) -> Run {
                                return listing(std::make_shared<GetGroupAffiliationRqs>(), group);
                              }});
 

@@ -68,6 +68,7 @@ void setMessageType(FlagWord& word, std::wstring_view type) {
 }
 
 const Registered briefArea({"brief", "area", "Briefing for up to 5 forecast areas",
+                            "naips brief area 20 21 --met --charts --out charts",
                             [](CLI::App& app) -> Run {
                               const auto request = std::make_shared<AreaBriefingRqs>();
                               addTexts(app, "AREA", "Forecast areas", [=](auto text) {
@@ -79,6 +80,7 @@ const Registered briefArea({"brief", "area", "Briefing for up to 5 forecast area
                             }});
 
 const Registered briefLocation({"brief", "location", "Briefing for up to 12 locations",
+                                "naips brief location YSSY YMML --met --ntm --hours 6",
                                 [](CLI::App& app) -> Run {
                                   const auto request = std::make_shared<LocationBriefingRqs>();
                                   addTexts(app, "LOC", "Location codes", [=](auto text) {
@@ -90,7 +92,8 @@ const Registered briefLocation({"brief", "location", "Briefing for up to 12 loca
                                 }});
 
 const Registered briefMet(
-    {"brief", "met", "MET messages for up to 4 locations", [](CLI::App& app) -> Run {
+    {"brief", "met", "MET messages for up to 4 locations",
+     "naips brief met YSSY --type TAF --type METAR", [](CLI::App& app) -> Run {
        const auto request = std::make_shared<MetBriefingRqs>();
        addTexts(app, "LOC", "Location codes", [=](auto text) {
          request->addLocation(text);
@@ -102,6 +105,7 @@ const Registered briefMet(
      }});
 
 const Registered briefPlain({"brief", "plain", "Briefing for a period alone",
+                             "naips brief plain --from 2026-12-01T22:00Z --till 2026-12-02T04:00Z",
                              [](CLI::App& app) -> Run {
                                const auto request = std::make_shared<BriefingRequest>();
                                addPeriod(app, *request);

@@ -85,13 +85,14 @@ void get(Session& session, Call& call) {
   }
 }
 
-const Registered listCharts({"chart", "list", "List the charts that there are",
+const Registered listCharts({"chart", "list", "List the charts that there are", "naips chart list",
                              [](CLI::App&) -> Run {
                                return listing(std::make_shared<ChartDirectoryRqs>(), description);
                              }});
 
 const Registered getCharts(
-    {"chart", "get", "Fetch charts", [](CLI::App& app) -> Run {
+    {"chart", "get", "Fetch charts", "naips chart get 80001 80011 --resolution HI --out charts",
+     [](CLI::App& app) -> Run {
        const auto call = std::make_shared<Call>();
        auto* keys = addTexts(app, "KEY", "Keys of the charts",
                              [=](auto key) { call->keys.emplace_back(key); });

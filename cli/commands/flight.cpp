@@ -1,6 +1,7 @@
 #include "cli/arguments.h"
 #include "cli/command.h"
 #include "cli/error_text.h"
+#include "cli/messages.h"
 #include "cli/notification_files.h"
 #include "cli/property_output.h"
 #include "cli/text_output.h"
@@ -63,7 +64,7 @@ void file(Session& session, Request& request, Fields fields, Print print) {
 }
 
 const Registered fileIcao({"flight", "file", "File an ICAO flight notification",
-                           [](CLI::App& app) -> Run {
+                           "naips flight file icao-plan.json", [](CLI::App& app) -> Run {
                              const auto request = std::make_shared<SubmitICAOFlightNotifRqs>();
                              addRequestFile(app, [=](const std::string& name) {
                                request->Notification(readIcaoFile(name));
@@ -78,7 +79,7 @@ const Registered fileIcao({"flight", "file", "File an ICAO flight notification",
                            }});
 
 const Registered fileSarTime({"flight", "sartime", "File a SARTime notification",
-                              [](CLI::App& app) -> Run {
+                              "naips flight sartime sartime.json", [](CLI::App& app) -> Run {
                                 const auto request = std::make_shared<SubmitSARTimeNotifRqs>();
                                 addRequestFile(app, [=](const std::string& name) {
                                   request->Notification(readSarTimeFile(name));
@@ -90,7 +91,7 @@ const Registered fileSarTime({"flight", "sartime", "File a SARTime notification"
                               }});
 
 const Registered listFlights({"flight", "list", "List the active flight notifications",
-                              [](CLI::App& app) -> Run {
+                              "naips flight list --aircraft VHABC", [](CLI::App& app) -> Run {
                                 const auto request = std::make_shared<ActiveFlightNotifDirRqs>();
                                 addText(app, "--aircraft", "Of this aircraft only",
                                         [=](auto text) { request->Aircraft(text); });

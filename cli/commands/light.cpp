@@ -57,7 +57,8 @@ void setPoint(FirstLastLightRqs& request, const Place& place) {
 }
 
 const Registered showLight(
-    {"", "light", "Times of first and last light", [](CLI::App& app) -> Run {
+    {"", "light", "Times of first and last light", "naips light --name YSSY --date 2026-12-01",
+     [](CLI::App& app) -> Run {
        const auto request = std::make_shared<FirstLastLightRqs>();
        const auto place = std::make_shared<Place>();
        addTo(app, *place);

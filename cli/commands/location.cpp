@@ -24,7 +24,7 @@ constexpr Shown<LocAirspaceDetails> place[] = {
     {"Description", "DESCRIPTION", valueOf<&LocAirspaceDetails::Description>, true}};
 
 const Registered findLocation({"", "location", "Look up locations and airspaces",
-                               [](CLI::App& app) -> Run {
+                               "naips location SY", [](CLI::App& app) -> Run {
                                  const auto request =
                                      std::make_shared<ktpnaips::LocAirspaceDirectoryRqs>();
                                  addText(app, "PARTIAL", "A part of the name", [=](auto text) {

@@ -18,11 +18,14 @@ constexpr Shown<GeneralMETMessage> message[] = {
     {"Name", "NAME", valueOf<&GeneralMETMessage::Name>},
     {"EntryType", "TYPE", valueOf<&GeneralMETMessage::EntryType>}};
 
-const Registered listMet({"met", "list", "List the general MET messages", [](CLI::App&) -> Run {
+const Registered listMet({"met", "list", "List the general MET messages", "naips met list",
+                          [](CLI::App&) -> Run {
                             return listing(std::make_shared<GeneralMETMessageDirRqs>(), message);
                           }});
 
-const Registered getMet({"met", "get", "Fetch a general MET message", [](CLI::App& app) -> Run {
+const Registered getMet({"met", "get", "Fetch a general MET message",
+                         "naips met get \"FOG OUTLOOK SOUTH EAST\" OUTLOOK",
+                         [](CLI::App& app) -> Run {
                            const auto request = std::make_shared<GetGeneralMETMessageRqs>();
                            addText(app, "NAME", "Name of the message", [=](auto text) {
                              request->Name(text);

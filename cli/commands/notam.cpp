@@ -27,7 +27,7 @@ void listFields(const ViewNOTAMListForSPFIBRsp& response, Json& json) {
 }
 
 const Registered listNotams({"notam", "list", "List the NOTAMs of a bulletin",
-                             [](CLI::App& app) -> Run {
+                             "naips notam list 1001", [](CLI::App& app) -> Run {
                                const auto request = std::make_shared<ViewNOTAMListForSPFIBRqs>();
                                addText(app, "NUMBER", "Number of the bulletin", [=](auto text) {
                                  request->SPFIBNo(text);
@@ -39,7 +39,8 @@ const Registered listNotams({"notam", "list", "List the NOTAMs of a bulletin",
                                };
                              }});
 
-const Registered showNotams({"notam", "text", "Full text of NOTAMs", [](CLI::App& app) -> Run {
+const Registered showNotams({"notam", "text", "Full text of NOTAMs",
+                             "naips notam text C1042/24-YSSY", [](CLI::App& app) -> Run {
                                const auto request = std::make_shared<RetrieveFullTextNotamRqs>();
                                addTexts(app, "KEY", "Keys of the NOTAMs", [=](auto key) {
                                  request->addKey(key);

@@ -10,7 +10,7 @@ namespace cli {
 namespace {
 
 const Registered predictRaim({"", "raim", "RAIM prediction for up to 20 locations",
-                              [](CLI::App& app) -> Run {
+                              "naips raim YSSY YMML", [](CLI::App& app) -> Run {
                                 const auto request = std::make_shared<ktpnaips::RAIMRqs>();
                                 addTexts(app, "LOC", "Location codes", [=](auto text) {
                                   request->addLocation(text);

@@ -40,7 +40,7 @@ void printRoute(const AbstractResponse& response) {
 }
 
 const Registered listRoutes({"route", "list", "List the standard routes between two aerodromes",
-                             [](CLI::App& app) -> Run {
+                             "naips route list YSSY YMML", [](CLI::App& app) -> Run {
                                const auto request = std::make_shared<RouteDirectoryRqs>();
                                addAerodromes(app, request);
                                addFlag(app, "--international", "International routes too",
@@ -48,7 +48,8 @@ const Registered listRoutes({"route", "list", "List the standard routes between 
                                return listing(request, route);
                              }});
 
-const Registered getRoute({"route", "get", "Fetch a standard route", [](CLI::App& app) -> Run {
+const Registered getRoute({"route", "get", "Fetch a standard route", "naips route get YSSY YMML A1",
+                           [](CLI::App& app) -> Run {
                              const auto request = std::make_shared<GetRouteRqs>();
                              addAerodromes(app, request);
                              addText(app, "CODE", "Code of the route", [=](auto text) {

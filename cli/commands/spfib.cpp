@@ -70,6 +70,7 @@ CLI::Option* addBulletinNumber(CLI::App& app, TextSetter set) {
 }
 
 const Registered requestBulletin({"spfib", "request", "Ask for a bulletin for a flight",
+                                  "naips spfib request bulletin.json --duration 6",
                                   [](CLI::App& app) -> Run {
                                     const auto request = std::make_shared<SPFIBRqs>();
                                     addRequestFile(app, [=](const std::string& file) {
@@ -82,7 +83,7 @@ const Registered requestBulletin({"spfib", "request", "Ask for a bulletin for a 
                                   }});
 
 const Registered getBulletin({"spfib", "get", "Show the flight of a bulletin",
-                              [](CLI::App& app) -> Run {
+                              "naips spfib get 1001", [](CLI::App& app) -> Run {
                                 const auto request = std::make_shared<GetSPFIBRqs>();
                                 addBulletinNumber(app, [=](auto text) { request->Number(text); });
                                 return [=](Session& session) {
@@ -90,19 +91,21 @@ const Registered getBulletin({"spfib", "get", "Show the flight of a bulletin",
                                 };
                               }});
 
-const Registered updateBulletin(
-    {"spfib", "update", "Ask for an update of a bulletin", [](CLI::App& app) -> Run {
-       const auto request = std::make_shared<UpdateSPFIBRqs>();
-       addBulletinNumber(app, [=](auto text) { request->SPFIBNumber(text); });
-       addDuration(app, request);
-       addNumber(app, "--stages", "How many stages it includes, 1 to 10",
-                 [=](auto count) { request->StageCount(count); });
-       addPeriod(app, request->briefingReq());
-       return briefing(request);
-     }});
+const Registered updateBulletin({"spfib", "update", "Ask for an update of a bulletin",
+                                 "naips spfib update 1001 --stages 1", [](CLI::App& app) -> Run {
+                                   const auto request = std::make_shared<UpdateSPFIBRqs>();
+                                   addBulletinNumber(
+                                       app, [=](auto text) { request->SPFIBNumber(text); });
+                                   addDuration(app, request);
+                                   addNumber(app, "--stages",
+                                             "How many stages it includes, 1 to 10",
+                                             [=](auto count) { request->StageCount(count); });
+                                   addPeriod(app, request->briefingReq());
+                                   return briefing(request);
+                                 }});
 
 const Registered listBulletins({"spfib", "list", "List the bulletins that the service holds",
-                                [](CLI::App& app) -> Run {
+                                "naips spfib list", [](CLI::App& app) -> Run {
                                   const auto request = std::make_shared<ActiveSPFIBDirectoryRqs>();
                                   addGroup(app, request);
                                   return listing(request, bulletin);

@@ -10,7 +10,7 @@ namespace cli {
 namespace {
 
 const Registered showWind({"", "wind", "Winds and temperatures along a flight",
-                           [](CLI::App& app) -> Run {
+                           "naips wind wind.json", [](CLI::App& app) -> Run {
                              const auto request = std::make_shared<ktpnaips::WindTempProfileRqs>();
                              addRequestFile(app, [=](const std::string& file) {
                                readWindFile(file, *request);

@@ -13,8 +13,11 @@ std::vector<std::string> arguments(int argc, char** argv);
 
 /// True when standard input and standard error are a terminal, so that questions can be asked.
 bool canAsk();
-/// True when standard output is a terminal.
-bool isOutput();
+
+enum class Stream { output, error };
+
+/// True when the stream is a terminal that shows colours by ANSI escape sequences.
+bool showsColours(Stream stream);
 /// The columns of the terminal on standard output; 0 when it is none.
 std::size_t columns();
 

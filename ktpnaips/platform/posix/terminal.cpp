@@ -47,13 +47,14 @@ bool canAsk() {
   return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
 }
 
-bool isOutput() {
-  return isatty(STDOUT_FILENO) != 0;
+bool showsColours(Stream stream) {
+  const bool isTerminal = isatty(stream == Stream::output ? STDOUT_FILENO : STDERR_FILENO) != 0;
+  return isTerminal && environment("TERM").value_or("dumb") != "dumb";
 }
 
 std::size_t columns() {
   winsize size{};
-  const bool known = isOutput() && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+  const bool known = isatty(STDOUT_FILENO) != 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
   return known ? size.ws_col : 0;
 }
 
@@ -63,10 +64,10 @@ std::optional<std::string> ask(const std::string& prompt) {
 }
 
 std::optional<std::string> askSecret(const std::string& prompt) {
-  std::fputs(prompt.c_str(), stderr);
   std::optional<std::string> line;
   {
-    const WithoutEcho quiet;
+    const WithoutEcho quiet;  // before the question, so that a quick answer is hidden and kept
+    std::fputs(prompt.c_str(), stderr);
     line = readLine();
   }
   std::fputs("\n", stderr);

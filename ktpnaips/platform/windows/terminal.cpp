@@ -100,8 +100,11 @@ bool canAsk() {
   return isConsole(STD_INPUT_HANDLE) && isConsole(STD_ERROR_HANDLE);
 }
 
-bool isOutput() {
-  return isConsole(STD_OUTPUT_HANDLE);
+bool showsColours(Stream stream) {
+  const DWORD handle = stream == Stream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE;
+  DWORD mode = 0;
+  return isConsole(handle, mode) &&
+         SetConsoleMode(GetStdHandle(handle), mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 std::size_t columns() {
@@ -116,10 +119,10 @@ std::optional<std::string> ask(const std::string& prompt) {
 }
 
 std::optional<std::string> askSecret(const std::string& prompt) {
-  show(prompt);
   std::optional<std::string> line;
   {
-    const WithoutEcho quiet;
+    const WithoutEcho quiet;  // before the question, so that a quick answer is hidden
+    show(prompt);
     line = readLine();
   }
   show("\n");
