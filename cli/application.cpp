@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/configuration_file.h"
+#include "cli/describing_commands.h"
 #include "cli/exit_status.h"
 #include "cli/global_options.h"
 #include "cli/session.h"
@@ -83,6 +84,7 @@ int run(std::vector<std::string> arguments) {
   options.addTo(app);
   Run selected;
   addCommands(app, selected);
+  addDescribingCommands(app);
   try {
     arguments = withConfigurationFile(app, std::move(arguments));
     std::ranges::reverse(arguments);
