@@ -45,16 +45,18 @@ complete -F _naips naips
 /// A case of bash over what the nodes give, each with what is to be done for it.
 class Cases {
  public:
-  explicit Cases(std::string_view subject) : text_(fmt::format("case {} in\n", subject)) {}
+  Cases(std::string_view indent, std::string_view subject)
+      : indent_(indent), text_(fmt::format("{}case {} in\n", indent, subject)) {}
 
   void add(const std::vector<std::string>& patterns, std::string_view done) {
     if (patterns.empty()) return;
-    text_ += fmt::format("    {}) {} ;;\n", fmt::join(patterns, " | "), done);
+    text_ += fmt::format("{}  {}) {} ;;\n", indent_, fmt::join(patterns, " | "), done);
   }
 
-  [[nodiscard]] std::string text() const { return text_ + "  esac\n"; }
+  [[nodiscard]] std::string text() const { return text_ + indent_ + "esac\n"; }
 
  private:
+  std::string indent_;
   std::string text_;
 };
 
@@ -86,7 +88,7 @@ std::string wordList(const std::vector<std::string>& words) {
 
 /// What stands behind an option with a value.
 std::string valueCases(const CommandNode& root) {
-  Cases cases("\"$command $option\"");
+  Cases cases("    ", "\"$command $option\"");
   cases.add(optionPatterns(root, stands(Value::file)), "_naips_paths -f");
   cases.add(optionPatterns(root, stands(Value::folder)), "_naips_paths -d");
   for (const CommandNode* node : allNodes(root)) {
@@ -107,7 +109,7 @@ std::vector<std::string> optionNames(const CommandNode& node) {
 }
 
 std::string optionCases(const CommandNode& root) {
-  Cases cases("$command");
+  Cases cases("    ", "$command");
   for (const CommandNode* node : allNodes(root)) {
     const auto names = optionNames(*node);
     if (node == &root || names.empty()) continue;
@@ -118,7 +120,7 @@ std::string optionCases(const CommandNode& root) {
 
 /// What stands where no option is: the word of a command, or a file.
 std::string wordCases(const CommandNode& root) {
-  Cases cases("$command");
+  Cases cases("  ", "$command");
   for (const CommandNode* node : allNodes(root)) {
     std::vector<std::string> names;
     for (const CommandNode& each : node->commands) names.push_back(each.name());
@@ -148,15 +150,15 @@ std::vector<std::string> commandPatterns(const CommandNode& root) {
 std::string completion(const CommandNode& root) {
   const auto takesValue = [](const Parameter& option) { return option.value != Value::none; };
   std::string text(head);
-  Cases walk("\"$command $word\"");
+  Cases walk("    ", "\"$command $word\"");
   walk.add(optionPatterns(root, takesValue), "option=$word");
   walk.add(commandPatterns(root), "command=${command:+$command }$word");
-  text += "    " + walk.text() + "  done\n\n  COMPREPLY=()\n  if [[ -n $option ]]; then\n  ";
-  text += valueCases(root) + "    return\n  fi\n";
-  text += "  if [[ $current == -* ]]; then\n  " + optionCases(root);
+  text += walk.text() + "  done\n\n  COMPREPLY=()\n";
+  text += "  if [[ -n $option ]]; then\n" + valueCases(root) + "    return\n  fi\n";
+  text += "  if [[ $current == -* ]]; then\n" + optionCases(root);
   text += fmt::format("    _naips_words \"$option{}\"\n    return\n  fi\n",
                       fmt::join(optionNames(root), " "));
-  return text + "  " + wordCases(root) + std::string(foot);
+  return text + wordCases(root) + std::string(foot);
 }
 
 }  // namespace cli::bash

@@ -12,6 +12,11 @@ namespace {
 constexpr std::string_view head = R"(#compdef naips
 # Completion of naips for zsh, written by "naips completion zsh".
 
+# Says what argument comes next, unless an option is being typed.
+_naips_hint() {
+  [[ $PREFIX == -* ]] || _message $1
+}
+
 )";
 
 constexpr std::string_view foot = R"(if [ "$funcstack[1]" = _naips ]; then
@@ -56,7 +61,10 @@ std::string argumentSpecs(const CommandNode& node) {
   for (const Parameter& argument : node.arguments) {
     ++position;
     const std::string where = argument.isRepeatable ? "*" : std::to_string(position);
-    specs += " " + shellQuoted(where + action(argument));
+    const std::string done = argument.value == Value::text
+                                 ? fmt::format(":{0}:_naips_hint {0}", argument.valueName)
+                                 : action(argument);
+    specs += " " + shellQuoted(where + done);
   }
   return specs;
 }
