@@ -91,18 +91,19 @@ const Registered briefLocation({"brief", "location", "Briefing for up to 12 loca
                                   return briefing(request);
                                 }});
 
-const Registered briefMet(
-    {"brief", "met", "MET messages for up to 4 locations",
-     "naips brief met YSSY --type TAF --type METAR", [](CLI::App& app) -> Run {
-       const auto request = std::make_shared<MetBriefingRqs>();
-       addTexts(app, "LOC", "Location codes", [=](auto text) {
-         request->addLocation(text);
-       })->required();
-       addTexts(app, "--type", "TAF, TTF, METAR, SPECI, AQNH, SIGMET, AIRMET or ATIS; repeatable",
-                [=](auto text) { setMessageType(*request, text); });
-       addPeriod(app, request->briefingReq());
-       return briefing(request);
-     }});
+const Registered briefMet({"brief", "met", "MET messages for up to 4 locations",
+                           "naips brief met YSSY --type TAF --type METAR",
+                           [](CLI::App& app) -> Run {
+                             const auto request = std::make_shared<MetBriefingRqs>();
+                             addTexts(app, "LOC", "Location codes", [=](auto text) {
+                               request->addLocation(text);
+                             })->required();
+                             addTexts(app, "--type", "Type of message; repeatable", [=](auto text) {
+                               setMessageType(*request, text);
+                             })->type_name("{TAF,TTF,METAR,SPECI,AQNH,SIGMET,AIRMET,ATIS}");
+                             addPeriod(app, request->briefingReq());
+                             return briefing(request);
+                           }});
 
 const Registered briefPlain({"brief", "plain", "Briefing for a period alone",
                              "naips brief plain --from 2026-12-01T22:00Z --till 2026-12-02T04:00Z",
