@@ -86,6 +86,10 @@ std::string Session::password() const {
   return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
 }
 
+std::string Session::userName() const {
+  return options_.requestUser.value_or(userOf(options_).value_or(""));
+}
+
 void Session::setAccount(ktpnaips::AbstractRequest& request) const {
   if (options_.requestUser) request.User(fromUtf8(*options_.requestUser));
   if (options_.requestPasswordFile) {
@@ -167,7 +171,7 @@ void Session::showOne(const ktpnaips::AbstractResponse* response, const std::str
   }
 }
 
-void Session::finishEach(const std::vector<Json>& outcomes) const {
+void Session::finishEach(const std::vector<Json>& outcomes, const Json& properties) const {
   if (!options_.json) {
     showFailures();
     return;
@@ -178,6 +182,7 @@ void Session::finishEach(const std::vector<Json>& outcomes) const {
   json["Error"] = failed > 0;
   json["ErrorText"] =
       failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
+  json.update(properties);
   json["Count"] = outcomes.size();
   json["Items"] = outcomes;
   json["Failures"] = failures_;

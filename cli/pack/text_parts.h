@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace cli::pack {
+
+/// A part of a briefing's text and the heading above it; the first part may have none.
+struct TextPart {
+  std::string heading;
+  std::string text;
+};
+
+/// Divides a text at the lines that are underlined with hyphens or equals signs.
+std::vector<TextPart> partsOf(std::string_view text);
+
+/// The characters of the longest line.
+std::size_t longestLine(std::string_view text);
+
+}  // namespace cli::pack
