@@ -213,13 +213,9 @@ bool isWanted(const ktpnaips::ChartDescriptor& chart, const std::vector<std::str
   const auto same = [](const std::string& text, std::wstring_view other) {
     return ktpnaips::text::toUpper(fromUtf8(text)) == ktpnaips::text::toUpper(other);
   };
-  return std::ranges::any_of(wanted, [&](const std::string& text) {
-    return text == "all" || same(text, chart.Key()) || same(text, chart.ProductType());
-  });
-}
-
-bool wantsNoCharts(const Wanted& wanted) {
-  return std::ranges::find(wanted.charts, "none") != wanted.charts.end();
+  return wanted.empty() || std::ranges::any_of(wanted, [&](const std::string& text) {
+           return same(text, chart.Key()) || same(text, chart.ProductType());
+         });
 }
 
 bool hasPeriod(const ktpnaips::BriefingRequest& request) {
@@ -502,7 +498,7 @@ class Gathering {
   }
 
   void askCharts() {
-    pack_.hasCharts = !wantsNoCharts(wanted_);
+    pack_.hasCharts = wanted_.hasCharts;
     if (!pack_.hasCharts) return;
     ktpnaips::ChartDirectoryRqs request;
     const auto directory = ask(request, "List of the charts", pack_.chartList);
@@ -562,7 +558,7 @@ void showDocuments(Session& session, const Flight& flight, const Wanted& wanted)
   for (const auto& locations : raimLocations(flight)) {
     showFilled<ktpnaips::RAIMRqs>(session, locations);
   }
-  if (!wantsNoCharts(wanted)) {
+  if (wanted.hasCharts) {
     ktpnaips::ChartDirectoryRqs request;
     session.showDocument(request);
   }

@@ -15,7 +15,8 @@ namespace cli::pack {
 /// What is asked for beyond the flight's own description.
 struct Wanted {
   std::shared_ptr<ktpnaips::SPFIBRqs> bulletin;  ///< with period, duration and group
-  std::vector<std::string> charts;  ///< keys or types; "all" for every chart, "none" for none
+  bool hasCharts = true;
+  std::vector<std::string> charts;  ///< keys or types; every chart when empty
 };
 
 struct Gathered {
