@@ -83,9 +83,25 @@ std::string lightText(const Pack& pack, const Place& place, ktpnaips::DateTime t
   const Light* light = lightAt(pack, place.text, time);
   if (light == nullptr) return unknown;
   const auto text = [](const auto& read, const std::string& given) {
-    return read ? timeText(*read) : given.empty() ? unknown : given;
+    return read ? weekdayTimeText(*read) : given.empty() ? unknown : given;
   };
-  return text(light->firstTime, light->first) + " to " + text(light->lastTime, light->last);
+  return text(light->firstTime, light->first) + " – " + text(light->lastTime, light->last);
+}
+
+std::string firstLine(const std::string& text) {
+  return text.substr(0, text.find('\n'));
+}
+
+/// A text as a string of a style sheet, and nothing else whatever it holds.
+std::string cssString(const std::string& text) {
+  std::string result = "\"";
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    const bool isPlain = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                         (c >= '0' && c <= '9') || c == ' ' || c == ':' || c == ',' || code >= 0x80;
+    result += isPlain ? std::string(1, c) : fmt::format("\\{:06x}", code);
+  }
+  return result + "\"";
 }
 
 class Document {
@@ -96,22 +112,21 @@ class Document {
     writeSummary();
     writeMap();
     writeTimeline();
+    writePoints();
     writeText("bulletin", "Bulletin", pack_.bulletin);
     writeText("winds", "Winds and temperatures", pack_.winds);
     writeNotams();
     writeRaim();
     writeCharts();
-    writePoints();
     return head() + contents() + "<main>\n" + body_ + "</main>\n" + foot();
   }
 
  private:
   [[nodiscard]] const Flight& flight() const { return pack_.flight; }
 
-  void open(const std::string& id, const std::string& title, bool isText = false) {
+  void open(const std::string& id, const std::string& title) {
     entries_.push_back({id, title, {}});
-    body_ += fmt::format("<section id=\"{0}\" aria-labelledby=\"{0}-h\"{1}>", id,
-                         isText ? " class=\"text\"" : "");
+    body_ += fmt::format("<section id=\"{0}\" aria-labelledby=\"{0}-h\">", id);
     body_ += fmt::format("<h2 id=\"{}-h\">{}</h2>\n", id, escaped(title));
   }
   void close() { body_ += "</section>\n"; }
@@ -132,7 +147,7 @@ class Document {
     std::string html =
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
-    html += element("title", title()) + "\n<style>" + std::string(styleSheet()) +
+    html += element("title", title()) + "\n<style>" + std::string(styleSheet()) + pageFoot() +
             "</style>\n</head>\n<body>\n<header class=\"top\"><h1>" + escaped(flight().aircraft) +
             " <span class=\"route\">" + escaped(routeOf(flight())) + "</span></h1>";
     html += element("p", "First departure " + dayText(flight().stages.front().etd) + ", " +
@@ -140,6 +155,14 @@ class Document {
     html += element(
         "p", "Made " + dayText(pack_.made) + ", " + timeText(pack_.made) + ". " + pack_.madeBy);
     return html + "</header>\n";
+  }
+
+  /// At the foot of each printed page.
+  [[nodiscard]] std::string pageFoot() const {
+    return "@page { @bottom-left { content: " +
+           cssString(flight().aircraft + " " + routeOf(flight()) + ", made " + dayText(pack_.made) +
+                     " " + timeText(pack_.made)) +
+           "; } }\n";
   }
 
   [[nodiscard]] std::string contents() const {
@@ -169,23 +192,10 @@ class Document {
   void writeSummary() {
     open("summary", "Summary");
     writeRemarks();
-    HtmlTable stages("Aircraft " + flight().aircraft + ", true airspeed " + flight().tas,
-                     {"From", "To", "ETD", "Level", "Distance", "Still air", "ETA"}, {4, 5});
-    for (const Stage& stage : flight().stages) {
-      const auto length = lengthOf(stage);
-      const auto arrival = arrivalOf(flight(), stage);
-      const auto minutes = [&] {
-        return durationText(
-            std::chrono::duration<double, std::ratio<60>>(*arrival - stage.etd).count());
-      };
-      stages.row({stage.from.text, stage.to.text, dayTimeText(stage.etd), stage.level,
-                  length ? fmt::format("{} NM", std::lround(*length)) : unknown,
-                  arrival ? minutes() : unknown, arrival ? dayTimeText(*arrival) : unknown});
-    }
-    body_ += stages.take();
-    writeWays();
-    writeLightAtEnds();
     writeFailures();
+    body_ += "<div class=\"stages\">";
+    for (const Stage& stage : flight().stages) writeStage(stage);
+    body_ += "</div>\n";
     close();
   }
 
@@ -197,31 +207,39 @@ class Document {
     body_ += "</ul>\n";
   }
 
-  void writeWays() {
-    HtmlTable ways("Routes", {"From", "To", "Level", "Route"});
-    for (const Stage& stage : flight().stages) {
-      ways.row({stage.from.text, stage.to.text, stage.level, wayText(stage.way)});
-      if (!stage.alternate) continue;
-      ways.row({stage.to.text, "alternate " + stage.alternate->place.text, stage.alternate->level,
-                wayText(stage.alternate->way)});
-    }
-    body_ += ways.take();
-  }
-
-  void writeLightAtEnds() {
-    HtmlTable table("First and last light",
-                    {"Departure", "ETD", "Light", "Destination", "ETA", "Light"});
-    for (const Stage& stage : flight().stages) {
-      const auto arrival = arrivalOf(flight(), stage);
-      table.row({stage.from.text, timeText(stage.etd), lightText(pack_, stage.from, stage.etd),
-                 stage.to.text, arrival ? timeText(*arrival) : unknown,
-                 lightText(pack_, stage.to, arrival.value_or(stage.etd))});
-    }
-    body_ += table.take();
-  }
-
   void writeFailures() {
-    for (const Answer& answer : pack_.failures) body_ += failureBox(answer);
+    if (pack_.failures.empty()) return;
+    body_ += "<div class=\"failed\">" + element("p", "What was asked for and is missing:") + "<ul>";
+    for (const Answer& answer : pack_.failures) {
+      body_ += element("li", answer.title + ": " + firstLine(answer.reason));
+    }
+    body_ += "</ul></div>\n";
+  }
+
+  void writeStage(const Stage& stage) {
+    const auto length = lengthOf(stage);
+    const auto arrival = arrivalOf(flight(), stage);
+    body_ += "<article>" + element("h3", stage.from.text + " → " + stage.to.text) + "<dl>";
+    fact("ETD", dayTimeText(stage.etd));
+    if (arrival) {
+      const std::chrono::duration<double, std::ratio<60>> flown = *arrival - stage.etd;
+      fact("ETA, still air", dayTimeText(*arrival) + ", " + durationText(flown.count()));
+    }
+    fact("Level, TAS", stage.level + ", " + flight().tas);
+    if (length) fact("Distance", fmt::format("{} NM", std::lround(*length)));
+    fact("Route", wayText(stage.way));
+    if (stage.alternate) {
+      const Alternate& other = *stage.alternate;
+      const std::string level = other.level.empty() ? "" : ", " + other.level;
+      fact("Alternate", other.place.text + level + ", " + wayText(other.way));
+    }
+    fact("Light " + stage.from.text, lightText(pack_, stage.from, stage.etd));
+    fact("Light " + stage.to.text, lightText(pack_, stage.to, arrival.value_or(stage.etd)));
+    body_ += "</dl></article>\n";
+  }
+
+  void fact(const std::string& name, const std::string& value) {
+    body_ += element("dt", name) + element("dd", value);
   }
 
   void writeMap() {
@@ -234,16 +252,19 @@ class Document {
       body_ += "<figure>";
       const std::string told = "Route map " + routeOf(flight());
       const std::string description = mapDescription(legs);
-      constexpr MapSize narrow{360, 11};
+      constexpr MapSize broad{720, 13, 0.74};
+      constexpr MapSize narrow{360, 11, 1.05};
       body_ += "<div class=\"broad\">" +
-               mapSvg(layOutMap(points, legs, MapSize{}), told, description, "map-broad") +
-               "</div>";
+               mapSvg(layOutMap(points, legs, broad), told, description, "map-broad") + "</div>";
       body_ += "<div class=\"narrow\">" +
                mapSvg(layOutMap(points, legs, narrow), told, description, "map-narrow") + "</div>";
       body_ += element("figcaption",
                        "Stereographic, north up. Tracks are true. Not a chart for navigation.") +
                "</figure>\n";
       writeLegs();
+    }
+    for (const Answer& answer : pack_.routes) {
+      if (answer.failed) body_ += failureBox(answer);
     }
     close();
   }
@@ -405,7 +426,7 @@ class Document {
   }
 
   void writeText(const std::string& id, const std::string& title, const Answer& answer) {
-    open(id, title, true);
+    open(id, title);
     writeAnswer(answer, true);
     close();
   }
@@ -429,22 +450,21 @@ class Document {
   void writePre(const std::string& label, const std::string& text) {
     if (text.empty()) return;
     const std::size_t width = longestLine(text);
-    constexpr std::size_t wraps = 80;
-    constexpr std::size_t small = 100;
-    if (width <= wraps) {
-      body_ += element("pre", text) + "\n";
-      return;
+    if (isTable(text)) {
+      body_ += element("pre", text,
+                       fmt::format("class=\"table\" style=\"--letters: {}\" tabindex=\"0\" "
+                                   "role=\"region\" aria-label=\"{}\"",
+                                   width, escaped(label)));
+    } else {
+      constexpr std::size_t halfPage = 53;
+      body_ += element("pre", text, width <= halfPage ? "class=\"slim\"" : "");
     }
-    body_ +=
-        element("pre", text,
-                fmt::format("class=\"table {}\" tabindex=\"0\" role=\"region\" aria-label=\"{}\"",
-                            width <= small ? "w100" : "w132", escaped(label))) +
-        "\n";
+    body_ += "\n";
   }
 
   void writeNotams() {
-    open("notams", "NOTAM", true);
-    if (pack_.notamList.failed || !pack_.notamList.reason.empty()) {
+    open("notams", "NOTAM");
+    if (!pack_.notamList.reason.empty()) {
       body_ += failureBox(pack_.notamList);
     } else if (pack_.notams.empty()) {
       body_ += element("p", "The bulletin lists no NOTAM.");
@@ -462,22 +482,27 @@ class Document {
   }
 
   void writeRaim() {
-    open("raim", "RAIM prediction", true);
+    open("raim", "RAIM prediction");
     for (const Answer& answer : pack_.raim) writeAnswer(answer, false);
     close();
   }
 
   void writeCharts() {
-    open("charts", "Charts", true);
+    open("charts", "Charts");
     if (!pack_.hasCharts) body_ += element("p", "The charts of the directory were not asked for.");
     if (pack_.chartList.failed) body_ += failureBox(pack_.chartList);
     if (pack_.charts.empty() && pack_.hasCharts && !pack_.chartList.failed) {
       body_ += element("p", "There are no such charts.");
     }
     for (const Chart& chart : pack_.charts) {
+      body_ += "<div class=\"sheet\">";
       part(chart.answer.title);
       if (chart.answer.failed) body_ += failureBox(chart.answer);
-      for (std::size_t i = 0; i < chart.pictures.size(); ++i) writePicture(chart, i);
+      for (std::size_t i = 0; i < chart.pictures.size(); ++i) {
+        if (i > 0) body_ += "</div><div class=\"sheet\">";
+        writePicture(chart, i);
+      }
+      body_ += "</div>\n";
     }
     close();
   }
@@ -504,7 +529,7 @@ class Document {
   }
 
   void writePoints() {
-    open("points", "Points", false);
+    open("points", "Points");
     HtmlTable table("Every point of the flight", {"Point", "Position", "Name", "Kind"});
     std::set<std::string> written;
     bool hasBearings = false;

@@ -80,8 +80,8 @@ class Sheet {
     // Room for labels around the outermost points.
     const double room = 2 * std::min(70.0, size.width / 8);
     const double innerWidth = size.width - left - margin;
-    const double tallest = size.width * 1.05;
-    const double lowest = size.width * 0.6;
+    const double tallest = size.width * size.mostHeight;
+    const double lowest = size.width * 0.55;
     scale_ = std::min((innerWidth - room) / extent.width(), (tallest - room) / extent.height());
     const double innerHeight = std::max(lowest, extent.height() * scale_ + room);
     frame_ = {left, margin / 2, innerWidth, innerHeight};

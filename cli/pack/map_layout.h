@@ -75,10 +75,11 @@ struct MapLayout {
   double unitsPerMile = 0;  ///< at the centre
 };
 
-/// A drawing of this width, its letters so high: both in units of its own.
+/// A drawing of this width, its letters so high, in units of its own.
 struct MapSize {
   double width = 720;
   double fontSize = 13;
+  double mostHeight = 1;  ///< of the map, in widths
 };
 
 /// Lays the map out: north is up at its centre, which is the centre of the points.

@@ -76,7 +76,7 @@ std::string symbolOf(const DrawnPoint& drawn) {
 double barMiles(const MapLayout& layout) {
   double best = 1;
   for (const double miles : {1., 2., 5., 10., 20., 50., 100., 200., 500., 1000., 2000.}) {
-    if (miles * layout.unitsPerMile <= layout.width / 4) best = miles;
+    if (miles * layout.unitsPerMile <= layout.width / 6) best = miles;
   }
   return best;
 }
@@ -96,7 +96,7 @@ std::string legendOf(const MapLayout& layout) {
                      y + 4);
   svg += fmt::format(R"(<path class="scale" d="M{:.1f} {:.1f}v6h{:.1f}v-6"/>)", right - bar, y - 3,
                      bar);
-  svg += fmt::format(R"(<text class="key end" x="{:.1f}" y="{:.1f}">{} NM</text>)", right - bar - 6,
+  svg += fmt::format(R"(<text class="key end" x="{:.1f}" y="{:.1f}">{} NM</text>)", right - bar - 5,
                      y + 4, miles);
   return svg;
 }

@@ -75,6 +75,10 @@ DateTime localDate(DateTime time, const std::optional<Position>& position) {
 
 std::vector<std::string> remarksOn(const Pack& pack) {
   std::vector<std::string> remarks;
+  if (pack.isSimulated) {
+    remarks.emplace_back(
+        "This comes from a simulated service, which invents it: do not fly by it.");
+  }
   remarkOnValidity(pack, remarks);
   for (const Stage& stage : pack.flight.stages) {
     remarkOnLight(pack, stage.from, stage.etd, "Departure", remarks);

@@ -69,6 +69,7 @@ struct Pack {
   Flight flight;
   ktpnaips::DateTime made;  ///< UTC
   std::string madeBy;       ///< program, account and service
+  bool isSimulated = false;
 
   Answer bulletin;
   Answer number;  ///< of the bulletin

@@ -230,6 +230,7 @@ class Gathering {
     pack_.flight = std::move(flight);
     pack_.made = timeNow();
     pack_.madeBy = serviceText(session.options(), session.userName());
+    pack_.isSimulated = session.options().simulate;
   }
 
   void askAll() {

@@ -44,6 +44,15 @@ pre.table { white-space: pre; overflow-x: auto; overflow-wrap: normal; }
 .failed { border-left: 4px solid var(--alarm); background: var(--alarm-tint); padding: .6rem .9rem; margin: .5rem 0; }
 .failed p { margin: 0 0 .25rem; color: var(--alarm); font-weight: 600; }
 .failed pre { background: none; border: 0; padding: 0; }
+.failed ul { margin: 0; padding-left: 1.1rem; }
+.stages { display: grid; grid-template-columns: repeat(auto-fit, minmax(min(20rem, 100%), 1fr)); gap: 1rem; }
+article { border: 1px solid var(--line); border-radius: .4rem; padding: .8rem 1rem; }
+article h3 { margin: 0 0 .5rem; font-size: 1.15rem; }
+dl { display: grid; grid-template-columns: max-content 1fr; gap: .25rem 1rem; margin: 0;
+  font-variant-numeric: tabular-nums; }
+dt { color: var(--quiet); font-size: .9rem; }
+dd { margin: 0; overflow-wrap: anywhere; }
+.wide + .wide { margin-top: 1.25rem; }
 .remarks { border-left: 4px solid #b98900; background: var(--caution-tint); color: var(--caution);
   padding: .6rem .9rem .6rem 2rem; margin: 1rem 0; }
 .note { color: var(--quiet); font-size: .85rem; margin: .5rem 0; }
@@ -89,30 +98,36 @@ svg text { fill: var(--ink); }
   header.top { grid-area: top; } main { grid-area: main; padding: 1.75rem 2.5rem; }
   footer { grid-area: footer; padding: 1rem 2.5rem; }
   nav { grid-area: nav; border: 0; border-right: 1px solid var(--line); }
-  nav > ul { position: sticky; top: .75rem; max-height: calc(100vh - 1.5rem); overflow-y: auto; display: block; }
+  nav > ul { scrollbar-width: thin; position: sticky; top: .75rem; max-height: calc(100vh - 1.5rem); overflow-y: auto; display: block; }
   nav ul ul { display: block; padding-left: .9rem; font-size: .85rem; }
   nav ul ul a { padding: .1rem 0; }
 }
-@page { size: A4; margin: 14mm 14mm 16mm; }
+@page { size: A4; margin: 12mm 13mm 15mm;
+  @bottom-left { font: 8pt "DejaVu Sans", Arial, sans-serif; color: #4a5764; }
+  @bottom-right { content: counter(page) " / " counter(pages);
+    font: 8pt "DejaVu Sans", Arial, sans-serif; color: #4a5764; } }
 @media print {
-  html { font-size: 10pt; }
+  html { font-size: 9.5pt; }
   body { display: block; }
-  header.top { background: none; color: var(--ink); padding: 0 0 3mm; border-bottom: 1.5pt solid var(--ink); margin-bottom: 4mm; }
+  header.top { background: none; color: var(--ink); padding: 0 0 2mm; border-bottom: 1.5pt solid var(--ink); margin-bottom: 4mm; }
   nav { display: none; }
   main, footer { padding: 0; max-width: none; }
   a { color: inherit; text-decoration: none; }
   h2, h3, figcaption, caption { break-after: avoid; }
-  tr, figure, .remarks, .failed { break-inside: avoid; }
+  tr, figure, article, .sheet, .remarks, .failed { break-inside: avoid; }
+  .failed pre { break-inside: auto; }
   section { margin-bottom: 6mm; }
-  .text { break-before: page; }
+  .stages { gap: 3mm; grid-template-columns: 1fr 1fr; } .stages article:only-child { grid-column: 1 / 3; }
+  article { padding: 2mm 3mm; } dl { gap: .1rem .8rem; }
+  th, td { padding-top: .7mm; padding-bottom: .7mm; }
+  #bulletin, #notams, #charts { break-before: page; }
   pre, .wide { overflow: visible; }
   pre, pre.table { white-space: pre-wrap; overflow-wrap: anywhere; background: none; border: 0; padding: 0;
     font-size: 8.5pt; line-height: 1.3; orphans: 3; widows: 3; }
-  pre.w100 { font-size: 7.6pt; } pre.w132 { font-size: 6.3pt; }
+  pre.table { font-size: min(8.5pt, calc(184mm / var(--letters) / .61)); }
+  pre.slim { columns: 2; column-gap: 5mm; font-size: 7.8pt; }
   .broad { display: block; } .narrow { display: none; }
-  .map.svg { max-height: 150mm; }
-  .chart img { max-height: 112mm; width: auto; margin: 0 auto; }
-  .screen { display: none; }
+  .chart img { max-height: 108mm; width: auto; margin: 0 auto; }
   footer { border: 0; border-top: .5pt solid var(--line); padding-top: 2mm; }
 }
 )css";

@@ -65,4 +65,13 @@ std::size_t longestLine(std::string_view text) {
   return longest;
 }
 
+bool isTable(std::string_view text) {
+  constexpr std::size_t pageWidth = 80;
+  return std::ranges::any_of(linesOf(text), [](std::string_view line) {
+    if (line.size() <= pageWidth) return false;
+    const auto start = line.find_first_not_of(' ');
+    return start != std::string_view::npos && line.find("  ", start) != std::string_view::npos;
+  });
+}
+
 }  // namespace cli::pack

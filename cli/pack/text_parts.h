@@ -19,4 +19,7 @@ std::vector<TextPart> partsOf(std::string_view text);
 /// The characters of the longest line.
 std::size_t longestLine(std::string_view text);
 
+/// Whether lines too long for a page's width have columns, which breaking them would spoil.
+bool isTable(std::string_view text);
+
 }  // namespace cli::pack

@@ -42,6 +42,10 @@ std::string dayTimeText(DateTime value) {
   return shortDay(value) + " " + timeText(value);
 }
 
+std::string weekdayTimeText(DateTime value) {
+  return shortDay(value).substr(0, 3) + " " + timeText(value);
+}
+
 std::string dateText(DateTime value) {
   return dateTimeText(value).substr(0, 10);
 }
