@@ -79,13 +79,15 @@ std::string failureBox(const Answer& answer) {
          element("pre", answer.reason) + "</div>\n";
 }
 
+std::string lightTime(const std::optional<ktpnaips::DateTime>& time, const std::string& given) {
+  return time ? weekdayTimeText(*time) : given.empty() ? unknown : given;
+}
+
 std::string lightText(const Pack& pack, const Place& place, ktpnaips::DateTime time) {
   const Light* light = lightAt(pack, place.text, time);
   if (light == nullptr) return unknown;
-  const auto text = [](const auto& read, const std::string& given) {
-    return read ? weekdayTimeText(*read) : given.empty() ? unknown : given;
-  };
-  return text(light->firstTime, light->first) + " – " + text(light->lastTime, light->last);
+  return lightTime(light->firstTime, light->first) + " – " +
+         lightTime(light->lastTime, light->last);
 }
 
 std::string firstLine(const std::string& text) {
@@ -252,7 +254,7 @@ class Document {
       body_ += "<figure>";
       const std::string told = "Route map " + routeOf(flight());
       const std::string description = mapDescription(legs);
-      constexpr MapSize broad{720, 13, 0.74};
+      constexpr MapSize broad{720, 13, 0.66};
       constexpr MapSize narrow{360, 11, 1.05};
       body_ += "<div class=\"broad\">" +
                mapSvg(layOutMap(points, legs, broad), told, description, "map-broad") + "</div>";
@@ -338,23 +340,24 @@ class Document {
   }
 
   void writeLegs() {
+    body_ += "<div class=\"tables\">";
     for (const Stage& stage : flight().stages) {
       std::vector<NamedLeg> legs;
       addLegs(legs, mainWay(stage), false);
       addLegs(legs, alternateWay(stage), true);
-      HtmlTable table(stage.from.text + " to " + stage.to.text,
-                      {"From", "To", "True track", "Distance", "Sum"}, {2, 3, 4});
+      HtmlTable table("From " + stage.from.text, {"To", "Track", "Distance", "Sum"}, {1, 2, 3});
       double sum = 0;
       for (const NamedLeg& each : legs) {
         const double length = distanceBetween(each.leg.from, each.leg.to);
         if (!each.leg.isAlternate) sum += length;
         const std::string text = legText(each.leg.from, each.leg.to);
-        table.row({each.from, each.to + (each.leg.isAlternate ? " (alternate)" : ""),
+        table.row({each.to + (each.leg.isAlternate ? ", alternate" : ""),
                    text.substr(0, text.find(' ')), fmt::format("{} NM", std::lround(length)),
                    each.leg.isAlternate ? "" : fmt::format("{} NM", std::lround(sum))});
       }
       body_ += table.take();
     }
+    body_ += "</div>\n";
   }
 
   void writeTimeline() {
@@ -412,12 +415,12 @@ class Document {
   }
 
   void writeLights() {
-    HtmlTable table("First and last light as the service gives them",
+    HtmlTable table("First and last light of the local day",
                     {"Place", "Date", "First light", "Last light"});
     for (const Light& light : pack_.lights) {
       if (light.answer.failed) continue;
-      table.row({light.place, light.date, light.first.empty() ? unknown : light.first,
-                 light.last.empty() ? unknown : light.last});
+      table.row({light.place, light.date, lightTime(light.firstTime, light.first),
+                 lightTime(light.lastTime, light.last)});
     }
     body_ += table.take();
     for (const Light& light : pack_.lights) {
@@ -457,7 +460,15 @@ class Document {
                                    width, escaped(label)));
     } else {
       constexpr std::size_t halfPage = 53;
-      body_ += element("pre", text, width <= halfPage ? "class=\"slim\"" : "");
+      constexpr long fewLines = 8;
+      const bool isSlim = width <= halfPage && std::ranges::count(text, '\n') > fewLines;
+      body_ += isSlim ? "<pre class=\"slim\">" : "<pre>";
+      for (const std::string& each : paragraphsOf(text)) {
+        constexpr long aColumn = 20;
+        const bool isWhole = std::ranges::count(each, '\n') < aColumn;
+        body_ += element("span", each, isWhole ? "class=\"whole\"" : "");
+      }
+      body_ += "</pre>";
     }
     body_ += "\n";
   }
@@ -530,20 +541,13 @@ class Document {
 
   void writePoints() {
     open("points", "Points");
-    HtmlTable table("Every point of the flight", {"Point", "Position", "Name", "Kind"});
+    HtmlTable table("Every point of the flight", {"Point", "Position", "Name"});
     std::set<std::string> written;
     bool hasBearings = false;
     forEachPlace(flight(), [&](const Place& place) {
       if (!written.insert(place.text).second) return;
-      const auto found = pack_.locations.find(place.name);
-      const bool isOffset = place.distance > 0;
-      hasBearings = hasBearings || isOffset;
-      const bool isDirect = found != pack_.locations.end() && !isOffset;
-      table.row({place.text, positionText(place.position), isDirect ? found->second.name : "",
-                 isDirect   ? found->second.description
-                 : isOffset ? fmt::format("{:.0f}° {:.0f} NM from {}", place.bearing,
-                                          place.distance, place.name)
-                            : "coordinates"});
+      hasBearings = hasBearings || place.distance > 0;
+      table.row({place.text, positionText(place.position), nameOf(place)});
     });
     body_ += table.take();
     if (hasBearings) {
@@ -557,6 +561,17 @@ class Document {
       if (location.answer.failed) body_ += failureBox(location.answer);
     }
     close();
+  }
+
+  [[nodiscard]] std::string nameOf(const Place& place) const {
+    if (place.distance > 0) {
+      return fmt::format("{:.0f} NM from {} on bearing {:03.0f}°", place.distance, place.name,
+                         place.bearing);
+    }
+    const auto found = pack_.locations.find(place.name);
+    if (found == pack_.locations.end()) return "coordinates";
+    const Location& location = found->second;
+    return location.name + (location.description.empty() ? "" : ", " + location.description);
   }
 
   const Pack& pack_;

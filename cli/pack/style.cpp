@@ -40,6 +40,7 @@ td.time { white-space: nowrap; }
 caption { text-align: left; color: var(--quiet); font-size: .85rem; padding-bottom: .3rem; }
 pre { font: .85rem/1.4 var(--mono); margin: 0; padding: .75rem .9rem; background: var(--tint);
   border-left: 3px solid var(--line); white-space: pre-wrap; overflow-wrap: anywhere; }
+pre span { display: block; } pre span + span { margin-top: 1.4em; }
 pre.table { white-space: pre; overflow-x: auto; overflow-wrap: normal; }
 .failed { border-left: 4px solid var(--alarm); background: var(--alarm-tint); padding: .6rem .9rem; margin: .5rem 0; }
 .failed p { margin: 0 0 .25rem; color: var(--alarm); font-weight: 600; }
@@ -52,7 +53,7 @@ dl { display: grid; grid-template-columns: max-content 1fr; gap: .25rem 1rem; ma
   font-variant-numeric: tabular-nums; }
 dt { color: var(--quiet); font-size: .9rem; }
 dd { margin: 0; overflow-wrap: anywhere; }
-.wide + .wide { margin-top: 1.25rem; }
+.tables { display: grid; grid-template-columns: repeat(auto-fit, minmax(min(20rem, 100%), 1fr)); gap: 1.25rem 2rem; }
 .remarks { border-left: 4px solid #b98900; background: var(--caution-tint); color: var(--caution);
   padding: .6rem .9rem .6rem 2rem; margin: 1rem 0; }
 .note { color: var(--quiet); font-size: .85rem; margin: .5rem 0; }
@@ -91,6 +92,7 @@ svg text { fill: var(--ink); }
   main, nav, header.top, footer { padding-left: .9rem; padding-right: .9rem; }
   h1 { font-size: 1.3rem; } h1 .route { white-space: normal; }
   pre { font-size: .8rem; padding: .6rem .7rem; }
+  th, td { padding-right: .6rem; } table { font-size: .9rem; }
   .broad { display: none; } .narrow { display: block; }
 }
 @media (min-width: 70rem) {
@@ -113,14 +115,15 @@ svg text { fill: var(--ink); }
   nav { display: none; }
   main, footer { padding: 0; max-width: none; }
   a { color: inherit; text-decoration: none; }
-  h2, h3, figcaption, caption { break-after: avoid; }
-  tr, figure, article, .sheet, .remarks, .failed { break-inside: avoid; }
+  h2, h3, caption, thead { break-after: avoid; } tbody tr:first-child { break-before: avoid; } figcaption { break-before: avoid; }
+  tr, figure, article, .sheet, pre.table, .slim .whole, .remarks, .failed { break-inside: avoid; }
   .failed pre { break-inside: auto; }
   section { margin-bottom: 6mm; }
   .stages { gap: 3mm; grid-template-columns: 1fr 1fr; } .stages article:only-child { grid-column: 1 / 3; }
+  .tables { grid-template-columns: 1fr 1fr; gap: 3mm 6mm; } .tables .wide:only-child { grid-column: 1 / 3; }
   article { padding: 2mm 3mm; } dl { gap: .1rem .8rem; }
   th, td { padding-top: .7mm; padding-bottom: .7mm; }
-  #bulletin, #notams, #charts { break-before: page; }
+  #charts { break-before: page; }
   pre, .wide { overflow: visible; }
   pre, pre.table { white-space: pre-wrap; overflow-wrap: anywhere; background: none; border: 0; padding: 0;
     font-size: 8.5pt; line-height: 1.3; orphans: 3; widows: 3; }

@@ -59,6 +59,22 @@ std::vector<TextPart> partsOf(std::string_view text) {
   return parts;
 }
 
+std::vector<std::string> paragraphsOf(std::string_view text) {
+  std::vector<std::string> paragraphs;
+  bool isOpen = false;
+  for (const auto line : linesOf(text)) {
+    if (isBlank(line)) {
+      isOpen = false;
+    } else if (isOpen) {
+      paragraphs.back().append("\n").append(line);
+    } else {
+      paragraphs.emplace_back(line);
+      isOpen = true;
+    }
+  }
+  return paragraphs;
+}
+
 std::size_t longestLine(std::string_view text) {
   std::size_t longest = 0;
   for (const auto line : linesOf(text)) longest = std::max(longest, widthOf(line));

@@ -16,6 +16,9 @@ struct TextPart {
 /// Divides a text at the lines that are underlined with hyphens or equals signs.
 std::vector<TextPart> partsOf(std::string_view text);
 
+/// The pieces of a text between its empty lines.
+std::vector<std::string> paragraphsOf(std::string_view text);
+
 /// The characters of the longest line.
 std::size_t longestLine(std::string_view text);
 

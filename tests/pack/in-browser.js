@@ -11,6 +11,11 @@
   check(root.lang === "en" && document.title !== "", "the page has a language and a title");
   check(document.scripts.length === 0, "there is no script");
 
+  for (const table of document.querySelectorAll(".wide")) {
+    const isWhole = table.scrollWidth <= table.clientWidth;
+    check(isWhole, `the table "${table.textContent.slice(0, 30)}" is shown whole`);
+  }
+
   for (const image of document.images) {
     check(image.alt.trim() !== "", `the picture ${image.src.slice(0, 40)} has an alternative text`);
     check(image.complete && image.naturalWidth > 0, `the picture "${image.alt}" can be read`);
