@@ -59,4 +59,8 @@ std::shared_ptr<SPFIBSpec> readBulletinFile(const std::string& file) {
   return readObject<SPFIBSpec>(file);
 }
 
+std::shared_ptr<SPFIBSpec> readBulletin(const FileValue& content) {
+  return valueOf<std::shared_ptr<SPFIBSpec>>(content);
+}
+
 }  // namespace cli

@@ -5,8 +5,8 @@
 
 namespace cli {
 
-/// How far a command of several requests has come, on standard error: one line that is rewritten on
-/// a terminal, a line a request elsewhere.
+/// How far a command of several requests has come, on standard error: a bar that is rewritten on a
+/// terminal, a line a request elsewhere.
 class Progress {
  public:
   Progress(std::size_t total, bool isShown);
@@ -14,6 +14,8 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
+  /// So many more requests than known before will be sent.
+  void expect(std::size_t more) { total_ += more; }
   /// The next request is sent.
   void next(const std::string& what);
   /// Clears the line, for other output.

@@ -125,6 +125,14 @@ std::string Session::password() const {
   return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
 }
 
+std::string Session::summary(std::string_view errorText) const {
+  return summaryOf(errorText, service_);
+}
+
+std::string Session::userName() const {
+  return options_.requestUser.value_or(userOf(options_).value_or(""));
+}
+
 void Session::setAccount(ktpnaips::AbstractRequest& request) const {
   if (options_.requestUser) request.User(fromUtf8(*options_.requestUser));
   if (options_.requestPasswordFile) {
@@ -181,7 +189,7 @@ Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& pr
 
 void Session::showError(const ktpnaips::AbstractResponse* response, const std::string& key) const {
   const ErrorText error = errorText(response);
-  complainOfError((key.empty() ? "" : key + ": ") + summaryOf(error.text, service_));
+  complainOfError((key.empty() ? "" : key + ": ") + summary(error.text));
   complain(plain(fromUtf8(error.text)));
   if (options_.trace && !error.trace.empty()) {
     complain("In response to request:\n" + error.trace);
@@ -199,7 +207,7 @@ void Session::showOne(const ktpnaips::AbstractResponse* response, const std::str
   }
 }
 
-void Session::finishEach(const std::vector<Json>& outcomes) const {
+void Session::finishEach(const std::vector<Json>& outcomes, const Json& properties) const {
   if (!options_.json) {
     showFailures();
     return;
@@ -210,6 +218,7 @@ void Session::finishEach(const std::vector<Json>& outcomes) const {
   json["Error"] = failed > 0;
   json["ErrorText"] =
       failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
+  json.update(properties);
   json["Count"] = outcomes.size();
   json["Items"] = outcomes;
   json["Failures"] = failures_;

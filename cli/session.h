@@ -88,13 +88,28 @@ class Session {
     writeDocument(request);
   }
 
-  [[nodiscard]] const GlobalOptions& options() const { return options_; }
   [[nodiscard]] bool isDryRun() const { return options_.dryRun; }
   /// Whether files are copied into a folder of the caller's.
   [[nodiscard]] bool keepsFiles() const { return options_.out.has_value(); }
   /// Writes a sentence to standard error, unless `--quiet`.
   void remark(std::string_view text) const;
 
+  /// Takes the response of one request of several into the exit status, and shows it to a person,
+  /// after the key of the request when it failed.
+  void showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+               const std::function<void()>& print);
+  /// The JSON object of one response.
+  [[nodiscard]] Json outcome(const ktpnaips::AbstractResponse* response,
+                             const Json& properties) const;
+  /// Shows the outcomes of several requests as JSON, with what else there is to tell, and the
+  /// failures of all.
+  void finishEach(const std::vector<Json>& outcomes, const Json& properties = Json::object()) const;
+
+  [[nodiscard]] const GlobalOptions& options() const { return options_; }
+  /// One sentence on an error of the last request: what happened and what to do next.
+  [[nodiscard]] std::string summary(std::string_view errorText) const;
+  /// The account in whose name requests are made.
+  [[nodiscard]] std::string userName() const;
   /// What the process shall return.
   [[nodiscard]] ExitStatus exitStatus() const;
 
@@ -120,15 +135,6 @@ class Session {
     if (response != nullptr) fields(*response, properties);
     return properties;
   }
-
-  /// The JSON object of one response.
-  [[nodiscard]] Json outcome(const ktpnaips::AbstractResponse* response,
-                             const Json& properties) const;
-  /// Shows one response of several to a person.
-  void showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
-               const std::function<void()>& print);
-  /// Shows several outcomes as JSON, and the failures of all.
-  void finishEach(const std::vector<Json>& outcomes) const;
 
   /// Copies the files of a response into `--out` and makes it name the copies.
   template <class Response>

@@ -25,6 +25,8 @@ constexpr StandardRoute table[] = {
     {"YMML", "YPAD", "A1", "MELBOURNE - ADELAIDE", "DCT BATMU Q33 DRINA DCT", true},
     {"YPAD", "YMML", "A1", "ADELAIDE - MELBOURNE", "DCT AVDEN Q158 WENDY DCT", true},
     {"YSSY", "YSCB", "A1", "SYDNEY - CANBERRA", "DCT WOL W112 AVBEG DCT", true},
+    {"YMML", "YSCB", "H1", "MELBOURNE - CANBERRA", "DCT NONIX V169 CULIN DCT", true},
+    {"YMML", "YMAV", "H12", "MELBOURNE - AVALON", "DCT", true},
     {"YSCB", "YSSY", "A1", "CANBERRA - SYDNEY", "DCT AVBEG W137 RIVET DCT", true},
     {"YMML", "YMHB", "A1", "MELBOURNE - HOBART", "DCT DUNBO Q169 MORGO DCT", true},
     {"YMHB", "YMML", "A1", "HOBART - MELBOURNE", "DCT CLARK H215 WAREN DCT", true},

@@ -95,6 +95,13 @@ TEST(Routes, AreListedByTheirEnds) {
   EXPECT_EQ(sim::routesBetween("", "", false).size(), sim::routes().size());
 }
 
+TEST(Routes, BetweenSydneyMelbourneAndCanberraLeadOverKnownPoints) {
+  for (const char* code : {"RAZZI", "LIZZI", "TESAT", "SNOWY", "DOSEL", "RIVET", "NONIX", "CULIN",
+                           "AVBEG", "WOL", "CB"}) {
+    EXPECT_NE(sim::findLocation(code), nullptr) << code;
+  }
+}
+
 TEST(Routes, AreFoundByCode) {
   ASSERT_NE(sim::findRoute("YSSY", "YMML", "a1"), nullptr);
   EXPECT_EQ(sim::findRoute("YSSY", "YMML", "A1")->waypoints, "DCT WOL H65 RAZZI Q29 LIZZI DCT");

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace cli::pack {
+
+/// A text as it stands in an HTML document or attribute.
+std::string escaped(std::string_view text);
+
+/// An element with escaped text.
+std::string element(std::string_view name, std::string_view text, std::string_view attributes = {});
+
+}  // namespace cli::pack
