@@ -128,7 +128,7 @@ void sign(X509* certificate, EVP_PKEY* issuerKey) {
 }
 
 Key newKey() {
-  Key key(EVP_EC_gen("P-256"));
+  Key key(EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256"));
   require(key != nullptr, "make a key");
   return key;
 }

@@ -28,8 +28,8 @@ Pattern::~Pattern() {
 const Pattern::Compiled& Pattern::compiled() const {
   const Compiled* existing = compiled_.load(std::memory_order_acquire);
   if (existing != nullptr) return *existing;
-  auto made = std::make_unique<const Compiled>(boost::wregex(
-      expression_.data(), expression_.data() + expression_.size(), boost::regex::perl));
+  auto made = std::make_unique<const Compiled>(Compiled{boost::wregex(
+      expression_.data(), expression_.data() + expression_.size(), boost::regex::perl)});
   // Of two threads that compile it at once, the first one's is kept.
   if (!compiled_.compare_exchange_strong(existing, made.get())) return *existing;
   return *made.release();

@@ -103,7 +103,9 @@ class Document : public Node {
   static Document create();
   /// Parses XML text: UTF-8 unless it declares another encoding. Returns no document when the text
   /// is not well-formed, has a document type declaration or an element with more than 1,000
-  /// attributes; `failure`, when given, then says why. Nothing outside the text is ever fetched.
+  /// attributes, or nests elements deeper than the DOM allows (POSIX: 1,000 levels; it also limits
+  /// names and namespaces); `failure`, when given, then says why. Nothing outside the text is ever
+  /// fetched.
   static Document parse(const std::string& text, ParseFailure* failure = nullptr);
 
   /// The outermost element; no node while there is none.

@@ -40,21 +40,32 @@ std::size_t attributesOf(std::string_view tag) {
   return count;
 }
 
-/// A tag holds no "<", so a crowded one shows as a long way to the next.
-bool hasCrowdedElement(std::string_view text) {
+/// Moves `text` behind the comment at its start; false when "--" stands elsewhere than at its end.
+bool skipComment(std::string_view& text) {
+  const auto end = std::min(text.find("--", 4), text.size());
+  const bool isWhole = end + 2 >= text.size() || text[end + 2] == '>';
+  text.remove_prefix(std::min(end + 3, text.size()));
+  return isWhole;
+}
+
+/// What is wrong with a comment or an element. A tag holds no "<", so a crowded one shows as a long
+/// way to the next.
+std::wstring refusedMarkup(std::string_view text) {
   for (auto at = text.find('<'); at != npos; at = text.find('<')) {
     text.remove_prefix(at);
-    if (skip(text, "<!--", "-->") || skip(text, "<![CDATA[", "]]>") || skip(text, "<?", "?>")) {
+    if (text.starts_with("<!--")) {
+      if (!skipComment(text)) return L"a comment holds \"--\"";
       continue;
     }
+    if (skip(text, "<![CDATA[", "]]>") || skip(text, "<?", "?>")) continue;
     const auto length = std::min(text.find('<', 1), text.size());
     if (length > mostAttributes * shortestAttribute &&
         attributesOf(text.substr(0, length)) > mostAttributes) {
-      return true;
+      return L"an element has more than 1,000 attributes";
     }
     text.remove_prefix(length);
   }
-  return false;
+  return {};
 }
 
 /// A NUL in a text whose start is not that of an encoding in units of more than a byte.
@@ -72,8 +83,7 @@ std::wstring refusalBeforeParsing(std::string_view text) {
   }
   if (hasNul(text)) return L"the text holds a NUL character";
   if (hasDoctype(text)) return std::wstring(doctypeRefused);
-  if (hasCrowdedElement(text)) return L"an element has more than 1,000 attributes";
-  return {};
+  return refusedMarkup(text);
 }
 
 }  // namespace ktpnaips::xml

@@ -9,7 +9,8 @@ inline constexpr std::wstring_view doctypeRefused = L"a document type declaratio
 
 /// Why a text must not be given to an XML parser at all, or an empty text: a document type
 /// declaration (entities), an element with attributes by the thousand (parsers compare each with
-/// each), a NUL character (at which parsers stop reading), more than 2 GB.
+/// each), "--" inside a comment (libxml2 copies the comment for each), a NUL character (at which
+/// parsers stop reading), more than 2 GB.
 std::wstring refusalBeforeParsing(std::string_view text);
 
 }  // namespace ktpnaips::xml

@@ -43,18 +43,18 @@ Polyline resample(const Polyline& line, double step) {
   const double total = lengthOf(line);
   const int count = std::max(1, static_cast<int>(std::lround(total / step)));
   const double exact = total / count;
-  Polyline points{line.front()};
+  Polyline samples{line.front()};
   double walked = 0;
   for (std::size_t i = 1; i < line.size(); ++i) {
     const double piece = distance(line[i - 1], line[i]);
-    while (piece > 0 && static_cast<int>(points.size()) <= count &&
-           walked + piece >= exact * static_cast<double>(points.size()) - 1e-9) {
-      const double target = exact * static_cast<double>(points.size());
-      points.push_back(between(line[i - 1], line[i], (target - walked) / piece));
+    while (piece > 0 && static_cast<int>(samples.size()) <= count &&
+           walked + piece >= exact * static_cast<double>(samples.size()) - 1e-9) {
+      const double target = exact * static_cast<double>(samples.size());
+      samples.push_back(between(line[i - 1], line[i], (target - walked) / piece));
     }
     walked += piece;
   }
-  return points;
+  return samples;
 }
 
 void drawFront(Canvas& canvas, const Polyline& line, FrontKind kind) {

@@ -62,7 +62,7 @@ inline constexpr std::size_t aGigabyte = std::size_t{1} << 30U;
 
 inline constexpr PlatformExpectations onPosix{
     .longestText = aGigabyte,
-    .mostLevels = 1'000'000,
+    .mostLevels = 1'000,
     .refusesUndeclaredPrefixes = true,
     .tellsWhereParsingStopped = true,
     .http =

@@ -7,6 +7,7 @@
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace ktpnaips::xml {
@@ -19,11 +20,36 @@ using ParserContext = std::unique_ptr<xmlParserCtxt, FreeWith<xmlFreeParserCtxt>
 constexpr int options = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_NOERROR |
                         XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
 
+// What libxml2 searches one by one, so that time does not grow with the square of the text: the
+// levels around an element and the namespaces declared there for each prefix, a table of fixed size
+// for each name.
+constexpr int mostLevels = 1000;
+constexpr int mostNamespaces = 1000;
+constexpr std::size_t memoryForNames = 256 * 1024;
+
+/// Why the parser has been stopped: the text that its context was given for that.
+void refuse(xmlParserCtxtPtr parser, std::wstring_view reason) {
+  *static_cast<std::wstring_view*>(parser->_private) = reason;
+  xmlStopParser(parser);
+}
+
 /// Stops at a document type declaration in an encoding that only the parser can read.
 void refuseDoctype(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+  refuse(static_cast<xmlParserCtxtPtr>(context), doctypeRefused);
+}
+
+void startElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                  int namespaceCount, const xmlChar** namespaces, int attributeCount,
+                  int defaultedCount, const xmlChar** attributes) {
   auto* parser = static_cast<xmlParserCtxtPtr>(context);
-  parser->_private = parser;
-  xmlStopParser(parser);
+  if (parser->nodeNr >= mostLevels) {
+    refuse(parser, L"elements are nested more than 1,000 deep");
+  } else if (parser->nsNr > 2 * mostNamespaces) {  // a prefix and a URI for each
+    refuse(parser, L"more than 1,000 namespaces are declared at a time");
+  } else {
+    xmlSAX2StartElementNs(context, name, prefix, uri, namespaceCount, namespaces, attributeCount,
+                          defaultedCount, attributes);
+  }
 }
 
 /// True when libxml2 can read the text where it lies: UTF-8 without a declaration that it would
@@ -76,8 +102,8 @@ void removeWhiteSpaceText(xmlDocPtr document) {
 }
 
 void describe(xmlParserCtxtPtr parser, ParseFailure& failure) {
-  if (parser->_private != nullptr) {
-    failure.reason = doctypeRefused;
+  if (xmlDictGetUsage(parser->dict) > memoryForNames) {
+    failure.reason = L"the names of elements and attributes are too many or too long";
     return;
   }
   const xmlErrorPtr error = xmlCtxtGetLastError(parser);
@@ -107,10 +133,19 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   initialiseLibrary();
   const ParserContext parser(made(xmlNewParserCtxt()));
   xmlCtxtUseOptions(parser.get(), options);
+  std::wstring_view refusal;
+  parser->_private = &refusal;
   parser->sax->internalSubset = refuseDoctype;
+  parser->sax->startElementNs = startElement;
+  parser->loadsubset |= XML_SKIP_IDS;
+  xmlDictSetLimit(parser->dict, memoryForNames);
   Tree tree = parseText(parser.get(), text);
+  if (!refusal.empty()) {
+    why.reason = refusal;
+    return {};
+  }
   const bool isWellFormed = parser->wellFormed != 0 && parser->nsWellFormed != 0;
-  if (!isWellFormed || parser->_private != nullptr || tree == nullptr) {
+  if (!isWellFormed || parser->disableSAX != 0 || tree == nullptr) {
     describe(parser.get(), why);
     return {};
   }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace fuzz {
+
+/// A folder in memory, where there is one, for the files of all inputs of a process. The library's
+/// data folder and its temporary folder stand in it.
+class Scratch {
+ public:
+  Scratch() {
+    const std::filesystem::path memory = "/dev/shm";
+    const auto parent =
+        std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+    path_ = parent / ("ktpnaips-fuzz-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(temporary());
+    ::setenv("XDG_DATA_HOME", data().c_str(), 1);
+    ::setenv("TMPDIR", temporary().c_str(), 1);
+  }
+  ~Scratch() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+
+  [[nodiscard]] std::filesystem::path data() const { return path_ / "data"; }
+  [[nodiscard]] std::filesystem::path products() const { return data() / "VelmoraSoftware"; }
+  [[nodiscard]] std::filesystem::path temporary() const { return path_ / "temporary"; }
+
+  /// True when there is nothing but the folders above and files directly in that of the products,
+  /// which are removed.
+  bool holdsProductsOnly() {
+    bool only = true;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path_)) {
+      const auto& path = entry.path();
+      const bool isProduct = entry.is_regular_file() && path.parent_path() == products();
+      if (isProduct) std::filesystem::remove(path);
+      only = only && (isProduct || path == data() || path == products() || path == temporary());
+    }
+    return only;
+  }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace fuzz
