@@ -13,7 +13,7 @@ namespace ktpnaips {
 class ServiceCall {
  public:
   std::wstring_view requestName;  ///< as in "authenticate-rqs"
-  std::wstring_view url;
+  std::wstring_view url;          ///< where it was posted to
   std::size_t bytesSent = 0;      ///< of the request document
   std::size_t bytesReceived = 0;  ///< of the answer's body
   std::string status;             ///< the HTTP status, as in "200"; empty when nothing answered

@@ -13,7 +13,7 @@ std::vector<std::string> arguments(int argc, char** argv);
 
 /// True when standard input and standard error are a terminal, so that questions can be asked.
 bool canAsk();
-
+/// Standard output and standard error.
 enum class Stream { output, error };
 
 /// True when the stream is a terminal that shows colours by ANSI escape sequences.
