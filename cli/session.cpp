@@ -33,8 +33,10 @@ bool isError(const ktpnaips::AbstractResponse* response) {
   return response == nullptr || response->Error();
 }
 
-std::optional<std::string> userOf(const GlobalOptions& options) {
-  return options.user ? options.user : environment("NAIPS_USER");
+std::string userOf(const GlobalOptions& options) {
+  if (options.user) return *options.user;
+  if (auto user = environment("NAIPS_USER")) return *std::move(user);
+  return options.simulate ? Simulation::documentedUser() : "";
 }
 
 /// Asks the person at the terminal for the account of a proxy.
@@ -88,7 +90,7 @@ void Session::start() {
   if (options_.out && !options_.dryRun) prepareOutFolder(*options_.out);
   if (options_.simulate && !options_.dryRun) startSimulation();
   NAIPSConfig config;
-  config.UserName(fromUtf8(userOf(options_).value_or("")));
+  config.UserName(fromUtf8(userOf(options_)));
   config.Password(fromUtf8(password()));
   if (!options_.dryRun) watchCalls();
 }
@@ -108,9 +110,8 @@ void Session::watchCalls() {
 
 void Session::startSimulation() {
   auto deployment = ktpnaips::Deployment::current();
-  options_.user = userOf(options_).value_or(Simulation::documentedUser());
-  simulation_ =
-      std::make_unique<Simulation>(*options_.user, password(), toUtf8(deployment.schemaNamespace));
+  simulation_ = std::make_unique<Simulation>(userOf(options_), password(),
+                                             toUtf8(deployment.schemaNamespace));
   deployment.connectTo = fromUtf8(simulation_->address());
   deployment.caFile = fromUtf8(simulation_->caFile());
   ktpnaips::Deployment::use(std::move(deployment));
@@ -130,7 +131,7 @@ std::string Session::summary(std::string_view errorText) const {
 }
 
 std::string Session::userName() const {
-  return options_.requestUser.value_or(userOf(options_).value_or(""));
+  return options_.requestUser.value_or(userOf(options_));
 }
 
 void Session::setAccount(ktpnaips::AbstractRequest& request) const {
