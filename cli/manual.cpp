@@ -11,6 +11,7 @@ namespace cli {
 namespace {
 
 constexpr std::string_view head = R"(.TH NAIPS 1 "" "naips )" KTPNAIPS_VERSION R"(" "User Commands"
+.nh
 .SH NAME
 naips \- briefings and flight notifications from NAIPS
 .SH SYNOPSIS

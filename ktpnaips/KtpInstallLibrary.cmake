@@ -46,7 +46,7 @@ if(NOT BUILD_SHARED_LIBS)
   set(NEEDED_BY_ARCHIVE "")
 endif()
 set(pkg_config_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-file(RELATIVE_PATH PREFIX_FROM_HERE /prefix/${pkg_config_folder} /prefix)
+string(REGEX REPLACE "[^/]+" ".." PREFIX_FROM_HERE ${pkg_config_folder})
 configure_file(${PROJECT_SOURCE_DIR}/packaging/ktpnaips.pc.in ktpnaips.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ktpnaips.pc DESTINATION ${pkg_config_folder}
   COMPONENT development)

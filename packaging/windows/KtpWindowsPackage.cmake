@@ -9,7 +9,7 @@ set(CPACK_PACKAGE_FILE_NAME KTPNaips-${PROJECT_VERSION}-windows-${word_size})
 
 # Notepad and cmd of every Windows read lines that end with CR LF.
 configure_file(windows/README.txt.in README.txt @ONLY NEWLINE_STYLE CRLF)
-configure_file(${PROJECT_SOURCE_DIR}/LICENSE LICENSE.txt COPYONLY)
+configure_file(${PROJECT_SOURCE_DIR}/LICENSE LICENSE.txt @ONLY NEWLINE_STYLE CRLF)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/README.txt ${CMAKE_CURRENT_BINARY_DIR}/LICENSE.txt
   DESTINATION .)
 foreach(script register unregister)
