@@ -35,6 +35,7 @@ table { border-collapse: collapse; width: 100%; font-variant-numeric: tabular-nu
 th, td { text-align: left; vertical-align: top; padding: .35rem .9rem .35rem 0;
   border-bottom: 1px solid var(--line); }
 thead th { color: var(--quiet); font-size: .8rem; font-weight: 600; white-space: nowrap; }
+td:last-child { overflow-wrap: anywhere; }
 td.number, th.number { text-align: right; white-space: nowrap; }
 td.time { white-space: nowrap; }
 caption { text-align: left; color: var(--quiet); font-size: .85rem; padding-bottom: .3rem; }
