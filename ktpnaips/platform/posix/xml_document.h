@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <memory>
+#include <memory_resource>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,8 +37,15 @@ using Binding = std::pair<std::string, std::string>;
 /// A document with what belongs to it, counted by the handles on its nodes.
 struct SharedDocument {
   explicit SharedDocument(Tree tree) noexcept : document(std::move(tree)) {}
+  SharedDocument(const SharedDocument&) = delete;
+  SharedDocument& operator=(const SharedDocument&) = delete;
+  ~SharedDocument();
 
+  /// Holds the nodes that handles have added: a request is built and thrown away as one.
+  std::pmr::monotonic_buffer_resource memory{4096};
   Tree document;
+  /// The added nodes in places that libxml2 would free; taken out before it frees the tree.
+  std::vector<xmlNodePtr> grafts;
   std::vector<Binding> bindings;
   Context xpath;  // made when an expression first needs it; freed before the tree
   bool hasForbiddenCharacters = false;
