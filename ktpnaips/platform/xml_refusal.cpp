@@ -40,8 +40,19 @@ std::size_t attributesOf(std::string_view tag) {
   return count;
 }
 
+/// True when the text may have more than so many characters without a "<": they would fill one of
+/// the blocks of half that size.
+bool mayHaveStretchWithoutTag(std::string_view text, std::size_t length) {
+  const std::size_t block = length / 2;
+  for (std::size_t at = 0; at + block <= text.size(); at += block) {
+    if (text.substr(at, block).find('<') == npos) return true;
+  }
+  return false;
+}
+
 /// A tag holds no "<", so a crowded one shows as a long way to the next.
 bool hasCrowdedElement(std::string_view text) {
+  if (!mayHaveStretchWithoutTag(text, mostAttributes * shortestAttribute)) return false;
   for (auto at = text.find('<'); at != npos; at = text.find('<')) {
     text.remove_prefix(at);
     if (skip(text, "<!--", "-->") || skip(text, "<![CDATA[", "]]>") || skip(text, "<?", "?>")) {

@@ -55,6 +55,13 @@ struct SharedDocument {
 /// Sets libxml2 up, once: it does so itself on first use, but not when two threads are the first.
 void initialiseLibrary();
 
+/// The node after this one in document order, attributes not counted; null after the last.
+inline xmlNodePtr following(xmlNodePtr node) {
+  if (node->type == XML_ELEMENT_NODE && node->children != nullptr) return node->children;
+  while (node != nullptr && node->next == nullptr) node = node->parent;
+  return node != nullptr ? node->next : nullptr;
+}
+
 /// Between handles and libxml2's pointers.
 struct NodeAccess {
   static Node make(SharedDocument* owner, xmlNodePtr node);

@@ -19,11 +19,31 @@ using ParserContext = std::unique_ptr<xmlParserCtxt, FreeWith<xmlFreeParserCtxt>
 constexpr int options = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_NOERROR |
                         XML_PARSE_NOWARNING | XML_PARSE_COMPACT;
 
+/// What shows while a text is parsed.
+struct Findings {
+  bool doctype = false;
+  bool whiteSpace = false;  ///< a piece of text that is white space only
+};
+
+Findings& findingsOf(xmlParserCtxtPtr parser) {
+  return *static_cast<Findings*>(parser->_private);
+}
+
 /// Stops at a document type declaration in an encoding that only the parser can read.
 void refuseDoctype(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
   auto* parser = static_cast<xmlParserCtxtPtr>(context);
-  parser->_private = parser;
+  findingsOf(parser).doctype = true;
   xmlStopParser(parser);
+}
+
+bool isWhiteSpace(std::string_view text) {
+  return text.find_first_not_of("\x20\x9\xA\xD") == std::string_view::npos;
+}
+
+void addText(void* context, const xmlChar* text, int length) {
+  const std::string_view piece(asChars(text), static_cast<std::size_t>(length));
+  if (isWhiteSpace(piece)) findingsOf(static_cast<xmlParserCtxtPtr>(context)).whiteSpace = true;
+  xmlSAX2Characters(context, text, length);
 }
 
 /// True when libxml2 can read the text where it lies: UTF-8 without a declaration that it would
@@ -50,24 +70,11 @@ Tree parseText(xmlParserCtxtPtr parser, const std::string& text) {
   return Tree(std::exchange(parser->myDoc, nullptr));
 }
 
-bool isWhiteSpace(const xmlChar* text) {
-  for (; *text != 0; ++text) {
-    if (*text != 0x20 && *text != 0x9 && *text != 0xA && *text != 0xD) return false;
-  }
-  return true;
-}
-
-xmlNodePtr nextInTree(xmlNodePtr node) {
-  while (node != nullptr && node->next == nullptr) node = node->parent;
-  return node != nullptr ? node->next : nullptr;
-}
-
 void removeWhiteSpaceText(xmlDocPtr document) {
   xmlNodePtr node = document->children;
   while (node != nullptr) {
-    const bool descend = node->type == XML_ELEMENT_NODE && node->children != nullptr;
-    const xmlNodePtr next = descend ? node->children : nextInTree(node);
-    if (node->type == XML_TEXT_NODE && isWhiteSpace(node->content)) {
+    const xmlNodePtr next = following(node);
+    if (node->type == XML_TEXT_NODE && isWhiteSpace(asChars(node->content))) {
       xmlUnlinkNode(node);
       xmlFreeNode(node);
     }
@@ -76,7 +83,7 @@ void removeWhiteSpaceText(xmlDocPtr document) {
 }
 
 void describe(xmlParserCtxtPtr parser, ParseFailure& failure) {
-  if (parser->_private != nullptr) {
+  if (findingsOf(parser).doctype) {
     failure.reason = doctypeRefused;
     return;
   }
@@ -107,14 +114,17 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   initialiseLibrary();
   const ParserContext parser(made(xmlNewParserCtxt()));
   xmlCtxtUseOptions(parser.get(), options);
+  Findings findings;
+  parser->_private = &findings;
   parser->sax->internalSubset = refuseDoctype;
+  parser->sax->characters = parser->sax->ignorableWhitespace = addText;
   Tree tree = parseText(parser.get(), text);
   const bool isWellFormed = parser->wellFormed != 0 && parser->nsWellFormed != 0;
-  if (!isWellFormed || parser->_private != nullptr || tree == nullptr) {
+  if (!isWellFormed || findings.doctype || tree == nullptr) {
     describe(parser.get(), why);
     return {};
   }
-  removeWhiteSpaceText(tree.get());
+  if (findings.whiteSpace) removeWhiteSpaceText(tree.get());
   auto owner = std::make_unique<SharedDocument>(std::move(tree));
   return NodeAccess::makeDocument(owner.release());
 }
