@@ -164,8 +164,8 @@ def markdown(results):
         "has logged in.\n", memory_table(results["memory"]),
         "## Threads\n\nLogins over HTTP. The service shares the processors.\n",
         threads_table(results["threads"]),
-        "## Growth\n\nProcessor time, the service's not counted. Briefings by the size of their "
-        "text:\n",
+        "## Growth\n\nProcessor time, the service's not counted; large blocks of memory come from "
+        "the system in each call, whatever the size. Briefings by the size of their text:\n",
         growth_of(results["growth"], "text", "bytes"), "Directories by their entries:\n",
         growth_of(results["growth"], "entries", "entries"),
         "## Parts\n\nProcessor times.\n", micro_table(results["micro"]),
