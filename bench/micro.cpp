@@ -38,6 +38,14 @@ void base64(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(ktpnaips::Enc64::MyDecode(text));
   countBytes(state, text.size());
 }
+/// Without line ends.
+void base64OfOneLine(benchmark::State& state) {
+  std::string text = bench::base64(bench::someBytes(static_cast<std::size_t>(state.range(0))));
+  std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+  for (auto _ : state) benchmark::DoNotOptimize(ktpnaips::Enc64::MyDecode(std::string_view(text)));
+  countBytes(state, text.size());
+}
+BENCHMARK(base64OfOneLine)->Name("base64/one_line")->Apply(base64Sizes);
 BENCHMARK(base64<std::string>)->Name("base64/utf8")->Apply(base64Sizes);
 BENCHMARK(base64<std::wstring>)->Name("base64/wide")->Apply(base64Sizes);
 

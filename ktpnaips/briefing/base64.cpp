@@ -1,14 +1,25 @@
 #include <ktpnaips/briefing/base64.h>
 #include <ktpnaips/platform/runtime_fault.h>
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <utility>
 
 namespace ktpnaips::Enc64 {
 namespace {
 
-constexpr std::uint32_t noDigit = 1U << 24U;
+/// Three bytes as they lie in memory, and a fourth that marks what is no digit.
+constexpr std::uint32_t inMemory(std::uint32_t bits, unsigned char mark) {
+  return std::bit_cast<std::uint32_t>(std::array{static_cast<unsigned char>(bits >> 16U),
+                                                 static_cast<unsigned char>(bits >> 8U),
+                                                 static_cast<unsigned char>(bits), mark});
+}
+
+constexpr std::uint32_t noDigit = inMemory(0, 0xFF);
 
 /// The bits of each character at one place of a group of four digits; `noDigit` for other ones.
 using Table = std::array<std::uint32_t, 256>;
@@ -20,7 +31,8 @@ constexpr std::array<Table, 4> makeTables() {
   for (unsigned place = 0; place < tables.size(); ++place) {
     tables[place].fill(noDigit);
     for (std::uint32_t value = 0; value < alphabet.size(); ++value) {
-      tables[place][static_cast<unsigned char>(alphabet[value])] = value << (18U - 6U * place);
+      tables[place][static_cast<unsigned char>(alphabet[value])] =
+          inMemory(value << (18U - 6U * place), 0);
     }
   }
   return tables;
@@ -37,13 +49,17 @@ std::uint32_t bitsOf(unsigned place, char c) {
   return tables[place][static_cast<unsigned char>(c)];
 }
 
+bool isLineEnd(auto c) {
+  return c == '\r' || c == '\n';
+}
+
 /// False for what does not count as a character of its own.
 bool counts(wchar_t c) {
-  return c != L'\r' && c != L'\n';
+  return !isLineEnd(c);
 }
 
 bool counts(char c) {
-  return c != '\r' && c != '\n' && (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  return !isLineEnd(c) && (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
 }
 
 /// How many bytes the padding cuts off: "==" may have line ends between its halves.
@@ -60,45 +76,52 @@ std::size_t padding(std::basic_string_view<Char> text) {
   return pads;
 }
 
+/// Writes a group and returns where the next one goes; the byte there is overwritten too.
 char* write(char* to, std::uint32_t group) {
-  to[0] = static_cast<char>(group >> 16U & 0xFFU);
-  to[1] = static_cast<char>(group >> 8U & 0xFFU);
-  to[2] = static_cast<char>(group & 0xFFU);
+  std::memcpy(to, &group, sizeof group);
   return to + 3;
 }
 
-/// Decodes groups of four digits in a row and returns where they end.
+/// Decodes groups of four digits in a row and the line ends around them; returns where they end.
 template <class Char>
 const Char* decodeGroups(const Char* at, const Char* end, char*& to) {
-  for (; end - at >= 4; at += 4) {
-    const std::uint32_t group =
-        bitsOf(0, at[0]) | bitsOf(1, at[1]) | bitsOf(2, at[2]) | bitsOf(3, at[3]);
-    if (group >= noDigit) break;
-    to = write(to, group);
+  for (char* next = to;;) {
+    for (; end - at >= 4; at += 4) {
+      const std::uint32_t group =
+          bitsOf(0, at[0]) | bitsOf(1, at[1]) | bitsOf(2, at[2]) | bitsOf(3, at[3]);
+      if ((group & noDigit) != 0) break;
+      next = write(next, group);
+    }
+    to = next;
+    if (at == end || !isLineEnd(*at)) return at;
+    while (at != end && isLineEnd(*at)) ++at;
   }
-  return at;
 }
 
 template <class Char>
 std::string decode(std::basic_string_view<Char> text) {
-  std::string bytes(text.size() / 4 * 3, '\0');
+  std::string bytes(text.size() / 4 * 3 + 1, '\0');
   char* to = bytes.data();
   std::uint32_t group = 0;
   unsigned pending = 0;  // characters of the group so far
   const Char* at = text.data();
-  for (const Char* const end = at + text.size(); at != end;) {
+  const Char* const end = at + text.size();
+  const Char* firstOther = end;  // the padding is not before it
+  for (;;) {
     if (pending == 0) at = decodeGroups(at, end, to);
     if (at == end) break;
+    firstOther = std::min(firstOther, at);
     const Char c = *at++;
     if (!counts(c)) continue;
-    group = group << 6U | bitsOf(3, c) % noDigit;
+    group |= bitsOf(pending, c) & ~noDigit;
     pending = (pending + 1) % 4;
-    if (pending == 0) to = write(to, group);
+    if (pending == 0) to = write(to, std::exchange(group, 0));
   }
   const auto size = static_cast<std::size_t>(to - bytes.data());
   if (pending != 0) throw RuntimeFault(fault::invalidBase64);
   if (size == 0) throw RuntimeFault(fault::subscriptOutOfRange);
-  bytes.resize(size - padding(text));
+  bytes.resize(size - padding(std::basic_string_view<Char>(
+                          firstOther, static_cast<std::size_t>(end - firstOther))));
   return bytes;
 }
 

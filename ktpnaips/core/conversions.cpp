@@ -3,7 +3,9 @@
 #include <ktpnaips/core/trap.h>
 #include <ktpnaips/platform/text.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstddef>
 
 namespace ktpnaips {
 namespace {
@@ -49,10 +51,11 @@ std::wstring_view trimSpaces(std::wstring_view text) {
 }
 
 std::wstring decimal(std::int64_t number, int digits) {
-  std::wstring text = std::to_wstring(number < 0 ? -number : number);
-  const auto width = static_cast<std::size_t>(digits);
-  if (text.size() < width) text.insert(0, width - text.size(), L'0');
-  return number < 0 ? L'-' + text : text;
+  const std::string magnitude = std::to_string(number < 0 ? -number : number);
+  std::wstring text = number < 0 ? L"-" : L"";
+  text.append(std::max(static_cast<std::size_t>(digits), magnitude.size()) - magnitude.size(),
+              L'0');
+  return text.append(magnitude.begin(), magnitude.end());
 }
 
 std::wstring isoDate(DateTime value) {

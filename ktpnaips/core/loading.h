@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace ktpnaips {
 
@@ -42,7 +43,7 @@ void readText(const xml::Node& from, std::string_view path, Into& into) {
     if constexpr (requires { into = text; }) {
       into = std::move(text);
     } else {
-      into(text);
+      into(std::move(text));
     }
   });
 }

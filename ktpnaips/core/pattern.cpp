@@ -45,15 +45,4 @@ std::vector<std::wstring_view> Pattern::search(std::wstring_view text) const {
   return parts;
 }
 
-std::wstring Pattern::joinedMatches(std::wstring_view text) const {
-  std::wstring joined;
-  boost::wcregex_iterator match(text.data(), text.data() + text.size(), compiled().expression,
-                                singleLine);
-  for (; match != boost::wcregex_iterator(); ++match) {
-    if (!joined.empty()) joined += L' ';
-    joined += viewOf((*match)[0]);
-  }
-  return joined;
-}
-
 }  // namespace ktpnaips

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <atomic>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,9 +19,6 @@ class Pattern {
   /// The first match and its groups (an empty text for one that took no part), as views into
   /// `text`; empty without a match.
   [[nodiscard]] std::vector<std::wstring_view> search(std::wstring_view text) const;
-
-  /// All matches, left to right without overlap, joined by single spaces.
-  [[nodiscard]] std::wstring joinedMatches(std::wstring_view text) const;
 
  private:
   struct Compiled;

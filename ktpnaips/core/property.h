@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -117,6 +118,15 @@ class Property<std::wstring, Rule> {
       store(Rule::apply(value));
     } else {
       store(std::wstring(value));
+    }
+  }
+  /// As above; takes a text over that is stored as given.
+  template <std::same_as<std::wstring> Text>
+  void operator()(Text&& value) {
+    if constexpr (requires { Rule::apply(value); }) {
+      store(Rule::apply(value));
+    } else {
+      store(std::move(value));
     }
   }
 

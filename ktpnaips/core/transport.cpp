@@ -6,6 +6,7 @@
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -79,8 +80,12 @@ std::string send(http::Exchange& exchange, std::string_view body, CallWatch& wat
   }
 }
 
+// What a header may make us set aside; larger bodies grow beyond it by doubling.
+constexpr std::size_t mostSetAside = 128'000'000;
+
 void readBody(http::Exchange& exchange, std::string& answer) {
   std::array<char, 2048> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
+  answer.reserve(answer.size() + std::min(exchange.announcedSize(), mostSetAside));
   for (;;) {
     const auto read = exchange.read(buffer.data(), buffer.size());
     if (!read || *read == 0) return;

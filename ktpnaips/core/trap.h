@@ -14,17 +14,17 @@ struct Procedure {
 };
 
 /// A procedure of a class module.
-constexpr Procedure inClass(std::wstring_view name, std::wstring_view module) {
+consteval Procedure inClass(std::wstring_view name, std::wstring_view module) {
   return {name, module, true};
 }
 
 /// A procedure of a standard module.
-constexpr Procedure inModule(std::wstring_view name, std::wstring_view module) {
+consteval Procedure inModule(std::wstring_view name, std::wstring_view module) {
   return {name, module, false};
 }
 
 /// The `appendTo` of a class, under the name that its reports give it.
-constexpr Procedure appendToOf(std::wstring_view module) {
+consteval Procedure appendToOf(std::wstring_view module) {
   return {L"IAppendable_appendTo", module, true};
 }
 

@@ -8,8 +8,10 @@ namespace ktpnaips::modBrevank {
 xml::Node addElement(const xml::Node& parent, std::wstring_view name,
                      std::wstring_view namespaceUri, std::wstring_view text) {
   return trapped<xml::Node>(inModule(L"addElement", L"modBrevank"), [&](xml::Node& element) {
-    std::wstring qualifiedName = L"ndd:";
-    qualifiedName += name;
+    constexpr std::wstring_view prefix = L"ndd:";
+    std::wstring qualifiedName;
+    qualifiedName.reserve(prefix.size() + name.size());
+    qualifiedName.append(prefix).append(name);
     element = parent.appendElement(qualifiedName, namespaceUri, text);
   });
 }

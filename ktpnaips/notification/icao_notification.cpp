@@ -17,14 +17,21 @@ namespace {
 using Stage = ICAOFlightNotifStage;
 using Item = TextItem<Stage>;
 
+constexpr DesignatorLetters navCom[] = {
+    {L"NSABCDFGHIKLORTUVWXYZ"}, {L"E", L'3'}, {L"J", L'7'}, {L"M", L'3'}, {L"P", L'9'}};
+
+constexpr DesignatorLetters ssr[] = {{L"NLEHSIPXCA"}, {L"BUV", L'2'}, {L"DG", L'1'}};
+
 std::wstring navComStringToList(std::wstring_view text) {
-  static const Pattern designator(L"[NSABCDFGHIKLORTUVWXYZ]|E[1-3]|J[1-7]|M[1-3]|P[1-9]");
-  return designatorList(inClass(L"navComStringToList", L"ICAOFlightNotifStage"), designator, text);
+  return designatorList(
+      inClass(L"navComStringToList", L"ICAOFlightNotifStage"),
+      [](std::wstring_view rest) { return designatorLength(navCom, rest); }, text);
 }
 
 std::wstring ssrStringToList(std::wstring_view text) {
-  static const Pattern designator(L"[NLEHSIPXCA]|B[12]|U[12]|V[12]|D1|G1");
-  return designatorList(inClass(L"ssrStringToList", L"ICAOFlightNotifStage"), designator, text);
+  return designatorList(
+      inClass(L"ssrStringToList", L"ICAOFlightNotifStage"),
+      [](std::wstring_view rest) { return designatorLength(ssr, rest); }, text);
 }
 
 std::wstring elapsedTime(const Stage& stage) {

@@ -4,18 +4,33 @@
 #include <ktpnaips/notification/designator_list.h>
 #include <ktpnaips/notification/icao_other_info.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
 namespace ktpnaips {
 namespace {
 
+constexpr std::wstring_view reasons[] = {L"ALTRV",   L"ATFMX", L"FFR",  L"FLTCK", L"HAZMAT",
+                                         L"HEAD",    L"HOSP",  L"HUM",  L"MARSA", L"MEDEVAC",
+                                         L"NONRVSM", L"SAR",   L"STATE"};
+
+constexpr DesignatorLetters pbn[] = {{L"AL", L'1'}, {L"B", L'6'}, {L"CDO", L'4'}, {L"ST", L'2'}};
+
+std::size_t reasonLength(std::wstring_view text) {
+  const auto* const reason =
+      std::ranges::find_if(reasons, [&](std::wstring_view each) { return text.starts_with(each); });
+  return reason == std::end(reasons) ? 0 : reason->size();
+}
+
 std::wstring stsStringToList(std::wstring_view text) {
-  static const Pattern designator(
-      L"ALTRV|ATFMX|FFR|FLTCK|HAZMAT|HEAD|HOSP|HUM|MARSA|MEDEVAC|NONRVSM|SAR|STATE");
-  return designatorList(inClass(L"stsStringToList", L"ICAOOtherInfo"), designator, text);
+  return designatorList(inClass(L"stsStringToList", L"ICAOOtherInfo"), reasonLength, text);
 }
 
 std::wstring pbnStringToList(std::wstring_view text) {
-  static const Pattern designator(L"[AL]1|B[1-6]|[CDO][1-4]|[ST][12]");
-  return designatorList(inClass(L"pbnStringToList", L"ICAOOtherInfo"), designator, text);
+  return designatorList(
+      inClass(L"pbnStringToList", L"ICAOOtherInfo"),
+      [](std::wstring_view rest) { return designatorLength(pbn, rest); }, text);
 }
 
 using Info = ICAOOtherInfo;

@@ -7,6 +7,8 @@
 #include <ktpnaips/notification/sartime_notification.h>
 #include <ktpnaips/platform/clock.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace ktpnaips {
@@ -28,11 +30,17 @@ constexpr TextItem<Stage> flight[] = {
     {L"alt", textOf<&Stage::AltDestination>, Sent::unlessEmpty},
 };
 
+/// Of a number, "TBAN" or "TBA".
+std::size_t personsLength(std::wstring_view text) {
+  const auto digits = std::min(text.find_first_not_of(L"0123456789"), text.size());
+  if (digits > 0) return digits;
+  return text.starts_with(L"TBAN") ? 4 : text.starts_with(L"TBA") ? 3 : 0;
+}
+
 }  // namespace
 
 std::wstring rule::PersonsOnBoard::apply(std::wstring_view value) {
-  static const Pattern numberOrWord(L"([0-9]+|TBAN?)");
-  return designatorList(inClass(L"sanitisePOB", L"SARTimeFlightNotif"), numberOrWord, value);
+  return designatorList(inClass(L"sanitisePOB", L"SARTimeFlightNotif"), personsLength, value);
 }
 
 SARTimeFlightNotifStage::SARTimeFlightNotifStage() : ETD(clock::now()) {}

@@ -63,6 +63,9 @@ class Exchange {
   /// Asks the person for the proxy's account (`setProxyLogIn`); true when the request shall be sent
   /// again with it.
   bool logInToProxy();
+  /// How many bytes the body is said to have, as far as that is known without a further step; 0
+  /// otherwise. Only a hint.
+  [[nodiscard]] std::size_t announcedSize() const;
   /// Reads at most `size` bytes of the body into `buffer` and says how many; 0 at the end. Nothing
   /// when reading failed.
   std::optional<std::size_t> read(char* buffer, std::size_t size);

@@ -121,18 +121,17 @@ std::string toUtf8(std::wstring_view text) {
 }
 
 std::wstring fromUtf8(std::string_view text) {
-  std::wstring wide;
-  wide.reserve(text.size());
+  const std::string_view start = text.substr(0, asciiStart(text));
+  std::wstring wide(start.begin(), start.end());
+  text.remove_prefix(start.size());
+  if (!text.empty()) wide.reserve(wide.size() + text.size());
   while (!text.empty()) {
-    const std::size_t ascii = asciiStart(text);
-    const std::size_t size = wide.size();
-    wide.resize(size + ascii);
-    std::copy_n(text.begin(), ascii, wide.begin() + static_cast<std::ptrdiff_t>(size));
-    text.remove_prefix(ascii);
-    if (text.empty()) break;
     const Decoded next = decode(text);
     appendWide(wide, next.length == 0 ? replacement : next.code);
     text.remove_prefix(next.length == 0 ? 1 : next.length);
+    const std::string_view ascii = text.substr(0, asciiStart(text));
+    wide.append(ascii.begin(), ascii.end());
+    text.remove_prefix(ascii.size());
   }
   return wide;
 }

@@ -23,6 +23,7 @@ bool isHalfOfPair(std::wstring_view text, std::size_t at) {
 
 bool isForbidden(std::wstring_view text, std::size_t at) {
   const wchar_t c = text[at];
+  if (isBetween(c, 0x20, 0xD7FF)) return false;
   if (isBetween(c, 0xD800, 0xDFFF)) return !isHalfOfPair(text, at);
   return (isBetween(c, 0, 0x1F) && c != L'\t' && c != L'\n' && c != L'\r') ||
          isBetween(c, 0xFFFE, 0xFFFF) || isBetween(c, 0x110000, 0xFFFFFFFF);

@@ -40,6 +40,16 @@ std::size_t attributesOf(std::string_view tag) {
   return count;
 }
 
+/// True when the text may have more than so many characters without a "<": they would fill one of
+/// the blocks of half that size.
+bool mayHaveStretchWithoutTag(std::string_view text, std::size_t length) {
+  const std::size_t block = length / 2;
+  for (std::size_t at = 0; at + block <= text.size(); at += block) {
+    if (text.substr(at, block).find('<') == npos) return true;
+  }
+  return false;
+}
+
 /// Moves `text` behind the comment at its start; false when "--" stands elsewhere than at its end.
 bool skipComment(std::string_view& text) {
   const auto end = std::min(text.find("--", 4), text.size());
@@ -51,6 +61,9 @@ bool skipComment(std::string_view& text) {
 /// What is wrong with a comment or an element. A tag holds no "<", so a crowded one shows as a long
 /// way to the next.
 std::wstring refusedMarkup(std::string_view text) {
+  const bool mayBeRefused = mayHaveStretchWithoutTag(text, mostAttributes * shortestAttribute) ||
+                            text.find("!--") != npos;
+  if (!mayBeRefused) return {};
   for (auto at = text.find('<'); at != npos; at = text.find('<')) {
     text.remove_prefix(at);
     if (text.starts_with("<!--")) {

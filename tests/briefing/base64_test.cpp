@@ -1,12 +1,17 @@
 #include <ktpnaips/briefing/base64.h>
 #include <ktpnaips/platform/runtime_fault.h>
+#include <ktpnaips/platform/text.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/support/fault.h"
 
@@ -101,6 +106,66 @@ TEST(Base64, CountsCharactersAndNotBytes) {
   EXPECT_EQ(test::faultOf([] { Enc64::MyDecode(std::string_view("QU\xC3\xA9")); }), -2147221504);
   EXPECT_EQ(test::faultOf([] { Enc64::MyDecode(L"QU\u00e9"); }), -2147221504);
   EXPECT_EQ(test::faultOf([] { Enc64::MyDecode(L"\u00e9"); }), -2147221504);
+}
+
+/// The rules, one character after the other. Nothing when the text is refused.
+std::optional<std::string> decodedPlainly(std::wstring text) {
+  std::erase_if(text, [](wchar_t c) { return c == L'\r' || c == L'\n'; });
+  if (text.empty() || text.size() % 4 != 0) return std::nullopt;
+  constexpr std::wstring_view alphabet =
+      L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string bytes;
+  std::uint32_t group = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto digit = alphabet.find(text[at]);
+    group = group << 6U | static_cast<std::uint32_t>(digit < alphabet.size() ? digit : 0);
+    if (at % 4 != 3) continue;
+    for (const unsigned shift : {16U, 8U, 0U}) {
+      bytes += static_cast<char>(static_cast<unsigned char>(group >> shift & 0xFFU));
+    }
+    group = 0;
+  }
+  const bool padded = text.find(L'=') != std::wstring::npos;
+  const bool paddedTwice = text.find(L"==") != std::wstring::npos;
+  bytes.resize(bytes.size() - (paddedTwice ? 2 : padded ? 1 : 0));
+  return bytes;
+}
+
+/// What decoding gives, or nothing when it faults.
+template <class Text>
+std::optional<std::string> outcomeOf(const Text& text) {
+  try {
+    return Enc64::MyDecode(text);
+  } catch (const RuntimeFault&) {
+    return std::nullopt;
+  }
+}
+
+TEST(Base64, DecodesAnyTextAsThePlainRulesDo) {
+  const std::vector<std::wstring> pieces = {
+      L"A",      L"z",     L"9", L"+",  L"/", L"QUJD", L"/+Az", L"TWFuTWFuTWFuTWFu",    L"\r\n",
+      L"\n",     L"\r",    L"=", L"==", L" ", L"-",    L"*",    std::wstring(1, L'\0'), L"\u00e9",
+      L"\u20ac", L"\u0141"};
+  std::mt19937 random(1);
+  for (int i = 0; i < 20'000; ++i) {
+    // Most texts are clean for a long while, as those of charts; some are anything but.
+    const auto likely = i % 2 == 0 ? 11U : static_cast<unsigned>(pieces.size());
+    std::wstring text;
+    for (auto left = random() % 60; left > 0; --left) {
+      text += pieces[random() % (random() % 8 == 0 ? pieces.size() : likely)];
+    }
+    if (random() % 2 == 0) {
+      while ((text.size() - static_cast<std::size_t>(std::ranges::count_if(
+                                text, [](wchar_t c) { return c == L'\r' || c == L'\n'; }))) %
+                 4 !=
+             0) {
+        text += L'=';
+      }
+    }
+    const auto expected = decodedPlainly(text);
+    EXPECT_EQ(outcomeOf(std::wstring_view(text)), expected);
+    EXPECT_EQ(outcomeOf(std::string_view(text::toUtf8(text))), expected);
+  }
 }
 
 TEST(Base64, DecodesAChartOfManyMegabytes) {

@@ -40,6 +40,12 @@ TEST(TransportAnswer, IsTheBodyAloneOfA200OfAnXmlType) {
             "<b/>");
 }
 
+TEST(TransportAnswer, IsWhatCameOfABodyThatIsSaidToBeEnormous) {
+  EXPECT_EQ(answerTo("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n"
+                     "Content-Length: 1000000000000000\r\n\r\n<b/>"),
+            "<b/>");
+}
+
 TEST(TransportAnswer, StartsWithTheRawHeadersOtherwise) {
   for (const char* answer :
        {"HTTP/1.1 500 Error\r\nContent-Type: text/xml\r\nContent-Length: 4\r\n\r\n<b/>",

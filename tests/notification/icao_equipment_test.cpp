@@ -130,6 +130,8 @@ TEST_F(IcaoEquipment, IsSentAsStoredInTheOldFormat) {
 
 TEST_F(IcaoEquipment, HasAHandlerForEachOfItsLists) {
   useNewFormat();
+  stage.NavComEquip(L"SDFGHIRWY");
+  stage.SSREquip(L"EB1U1V1D1");
   const auto outcomes = test::outcomesOfAppending(stage);
   const std::wstring className = L"ICAOFlightNotifStage";
   EXPECT_TRUE(outcomes.contains(test::outOfMemory(L"navComStringToList", className)));

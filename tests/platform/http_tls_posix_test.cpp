@@ -174,6 +174,22 @@ TEST_F(HttpTls, ResumesTheSessionOnTheNextCallOfAThread) {
   EXPECT_EQ(server.connections(), 3);
 }
 
+TEST_F(HttpTls, MakesOneFullHandshakeAThreadHoweverManyCalls) {
+  const RawServer server(answering(authority_.server({})));
+  const HttpCall call = callTo(server);
+  constexpr int calls = 5;
+  std::vector<int> resumed(2);
+  std::vector<std::thread> threads;
+  for (int& count : resumed) {
+    threads.emplace_back([&] {
+      for (int i = 0; i < calls; ++i) count += run(call).body == "naips.example resumed" ? 1 : 0;
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(resumed, std::vector<int>(2, calls - 1));
+  EXPECT_EQ(server.connections(), 2 * calls);
+}
+
 TEST_F(HttpTls, DoesNotLetASessionOfTheLenientPolicyPassTheStrictOne) {
   const RawServer server(answering(authority_.server(expired())));
   EXPECT_EQ(run(callTo(server)).code, 0U);

@@ -64,6 +64,41 @@ TEST(XmlDocument, EscapesMarkupInText) {
   EXPECT_EQ(document.serialise(), "<a>&lt;b&gt;&amp;amp;</a>");
 }
 
+TEST(XmlDocument, IsWrittenTheSameOnEveryPlatform) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"p:a", L"urn:<a&\"'b>", L"");
+  root.setAttribute(L"x", L"", L"\u00e9\U0001F6E9 <>&\"'\t\n\r");
+  root.appendElement(L"p:b", L"urn:<a&\"'b>", L"\u00e9\U0001F6E9 <>&\"'\t\n\r");
+  root.appendElement(L"b", L"urn:b", L"").appendElement(L"c", L"urn:b", L"");
+  EXPECT_EQ(document.serialise(),
+            "<p:a xmlns:p=\"urn:&lt;a&amp;&quot;'b&gt;\" x=\"\xC3\xA9\xF0\x9F\x9B\xA9 "
+            "&lt;&gt;&amp;&quot;'&#9;&#10;&#13;\"><p:b>\xC3\xA9\xF0\x9F\x9B\xA9 "
+            "&lt;&gt;&amp;\"'\t\n&#13;</p:b><b xmlns=\"urn:b\"><c/></b></p:a>");
+}
+
+TEST(XmlDocument, IsWrittenWithAllThatWasParsed) {
+  const std::string text =
+      "<a xmlns=\"urn:a\" xmlns:p=\"urn:p\" p:x=\"1\" xml:lang=\"en\">1<?pi data?><!-- c --><p:b/>"
+      "<![CDATA[<&]]>2<c xmlns=\"\"><d>3</d></c></a>";
+  EXPECT_EQ(parsed(text).serialise(), text);
+}
+
+TEST(XmlDocument, TakesMoreAfterItWasParsed) {
+  const Document document = parsed("<a x='1' y='2'><b/></a>");
+  const Node root = document.documentElement();
+  const Node added = root.appendElement(L"p:c", L"urn:p", L"text");
+  added.appendElement(L"p:d", L"urn:p", L"").setAttribute(L"z", L"urn:p", L"3");
+  root.firstChild().appendElement(L"e", L"", L"");
+  root.setAttribute(L"x", L"", L"4");
+  root.setAttribute(L"x", L"", L"5");
+  EXPECT_EQ(root.attribute(L"x"), L"5");
+  document.bindPrefixes(L"xmlns:p='urn:p'");
+  EXPECT_EQ(root.select("p:c/p:d").attribute(L"z"), L"3");
+  EXPECT_EQ(root.select("//p:c[p:d]").text(), L"text");
+  EXPECT_EQ(document.serialise(),
+            "<a y=\"2\" x=\"5\"><b><e/></b><p:c xmlns:p=\"urn:p\">text<p:d z=\"3\"/></p:c></a>");
+}
+
 TEST(XmlDocument, IsItsOwnOwner) {
   const Document document = Document::create();
   const Node root = document.appendElement(L"a", L"", L"");

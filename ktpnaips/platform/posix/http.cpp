@@ -150,6 +150,10 @@ bool Exchange::logInToProxy() {
   return true;
 }
 
+std::size_t Exchange::announcedSize() const {
+  return handles_->transfer ? handles_->transfer->announcedSize() : 0;
+}
+
 std::optional<std::size_t> Exchange::read(char* buffer, std::size_t size) {
   return handles_->transfer ? handles_->transfer->read(buffer, size) : std::nullopt;
 }

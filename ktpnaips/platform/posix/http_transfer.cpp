@@ -318,6 +318,11 @@ ErrorCode Transfer::failure() const {
   return error::fail(codeOf(result_, static_cast<long>(number(CURLINFO_OS_ERRNO))), text);
 }
 
+std::size_t Transfer::announcedSize() const {
+  return static_cast<std::size_t>(
+      std::max<std::int64_t>(number(CURLINFO_CONTENT_LENGTH_DOWNLOAD_T), 0));
+}
+
 std::optional<std::size_t> Transfer::read(char* to, std::size_t size) {
   if (buffered() == 0) refill();
   const std::size_t count = std::min(size, buffered());

@@ -59,6 +59,7 @@ class Transfer {
   [[nodiscard]] bool usable() const { return opensslIsThere(easy_.get()); }
   /// Sends a request and waits for the headers of its answer. `settings` must outlive the transfer.
   ErrorCode send(const RequestSettings& settings, std::string_view body);
+  [[nodiscard]] std::size_t announcedSize() const;
   std::optional<std::size_t> read(char* to, std::size_t size);
   /// Ends the request that is under way, if any, and closes its connection.
   void stop();

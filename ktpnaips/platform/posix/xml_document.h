@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <memory>
+#include <memory_resource>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,8 +37,15 @@ using Binding = std::pair<std::string, std::string>;
 /// A document with what belongs to it, counted by the handles on its nodes.
 struct SharedDocument {
   explicit SharedDocument(Tree tree) noexcept : document(std::move(tree)) {}
+  SharedDocument(const SharedDocument&) = delete;
+  SharedDocument& operator=(const SharedDocument&) = delete;
+  ~SharedDocument();
 
+  /// Holds the nodes that handles have added: a request is built and thrown away as one.
+  std::pmr::monotonic_buffer_resource memory{4096};
   Tree document;
+  /// The added nodes in places that libxml2 would free; taken out before it frees the tree.
+  std::vector<xmlNodePtr> grafts;
   std::vector<Binding> bindings;
   Context xpath;  // made when an expression first needs it; freed before the tree
   bool hasForbiddenCharacters = false;
@@ -46,6 +54,13 @@ struct SharedDocument {
 
 /// Sets libxml2 up, once: it does so itself on first use, but not when two threads are the first.
 void initialiseLibrary();
+
+/// The node after this one in document order, attributes not counted; null after the last.
+inline xmlNodePtr following(xmlNodePtr node) {
+  if (node->type == XML_ELEMENT_NODE && node->children != nullptr) return node->children;
+  while (node != nullptr && node->next == nullptr) node = node->parent;
+  return node != nullptr ? node->next : nullptr;
+}
 
 /// Between handles and libxml2's pointers.
 struct NodeAccess {

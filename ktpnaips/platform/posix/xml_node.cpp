@@ -2,14 +2,8 @@
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
-#include <ktpnaips/platform/xml_characters.h>
 
-#include <libxml/xmlsave.h>
-
-#include <cstdint>
-#include <cstring>
-#include <new>
-#include <optional>
+#include <type_traits>
 
 namespace ktpnaips::xml {
 
@@ -29,77 +23,6 @@ void release(void* owner) noexcept {
   }
 }
 
-// The codes with which the Windows DOM refuses the same.
-constexpr auto invalidName = static_cast<std::int32_t>(0xC00CE504U);
-constexpr auto secondDocumentElement = static_cast<std::int32_t>(0xC00CE556U);
-constexpr auto notAParent = static_cast<std::int32_t>(0x80004005U);
-
-/// The text for the tree; what XML does not allow is replaced and remembered, so that serialising
-/// refuses it.
-std::string treeText(SharedDocument& document, std::wstring_view text) {
-  const std::optional<std::wstring> harmless = withoutForbidden(text);
-  if (!harmless) return text::toUtf8(text);
-  document.hasForbiddenCharacters = true;
-  return text::toUtf8(*harmless);
-}
-
-struct QualifiedName {
-  std::string prefix;
-  std::string local;
-};
-
-QualifiedName splitName(std::wstring_view qualifiedName) {
-  const std::string name = text::toUtf8(qualifiedName);
-  if (name.size() != std::strlen(name.c_str()) || xmlValidateQName(asXml(name.c_str()), 0) != 0) {
-    throw RuntimeFault(
-        invalidName, L"The name \"" + std::wstring(qualifiedName) + L"\" is not a valid XML name.");
-  }
-  const auto colon = name.find(':');
-  if (colon == std::string::npos) return {"", name};
-  return {name.substr(0, colon), name.substr(colon + 1)};
-}
-
-/// The declaration of the prefix in scope at the element, or one made there.
-xmlNsPtr declare(xmlDocPtr document, xmlNodePtr element, const std::string& prefix,
-                 const std::string& uri) {
-  const xmlChar* name = prefix.empty() ? nullptr : asXml(prefix.c_str());
-  xmlNsPtr inScope = xmlSearchNs(document, element, name);
-  if (inScope != nullptr && uri == asChars(inScope->href)) return inScope;
-  return made(xmlNewNs(element, asXml(uri.c_str()), name));
-}
-
-/// The namespace of an attribute that has one but carries no prefix: a declaration without a
-/// prefix, kept by the document and never serialised.
-xmlNsPtr undeclared(xmlDocPtr document, const std::string& uri) {
-  xmlNsPtr last = made(xmlSearchNs(document, reinterpret_cast<xmlNodePtr>(document),  // NOLINT
-                                   asXml("xml")));
-  for (; last->next != nullptr; last = last->next) {
-    if (last->next->prefix == nullptr && uri == asChars(last->next->href)) return last->next;
-  }
-  last->next = made(xmlNewNs(nullptr, asXml(uri.c_str()), nullptr));
-  return last->next;
-}
-
-xmlNsPtr attributeNamespace(xmlDocPtr document, xmlNodePtr element, const std::string& prefix,
-                            const std::string& uri) {
-  if (uri.empty()) return nullptr;
-  return prefix.empty() ? undeclared(document, uri) : declare(document, element, prefix, uri);
-}
-
-bool hasName(const xmlAttr* attribute, const QualifiedName& name) {
-  const char* prefix = attribute->ns != nullptr && attribute->ns->prefix != nullptr
-                           ? asChars(attribute->ns->prefix)
-                           : "";
-  return name.local == asChars(attribute->name) && name.prefix == prefix;
-}
-
-xmlAttrPtr findAttribute(xmlNodePtr element, const QualifiedName& name) {
-  for (xmlAttrPtr each = element->properties; each != nullptr; each = each->next) {
-    if (hasName(each, name)) return each;
-  }
-  return nullptr;
-}
-
 /// The text of a node that holds it in one piece, without a copy; null otherwise.
 const xmlChar* onlyText(xmlNodePtr node) {
   const bool isText = node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE ||
@@ -110,26 +33,15 @@ const xmlChar* onlyText(xmlNodePtr node) {
   return single && node->type != XML_DOCUMENT_NODE ? node->children->content : nullptr;
 }
 
-using NodeCopy = std::unique_ptr<xmlNode, FreeWith<xmlFreeNode>>;
-
-/// A copy of an element that stands in another one, declaring the namespaces that it has from
-/// around; nothing for what can be written where it is.
-NodeCopy partOfADocument(xmlNodePtr node) {
-  const bool isPart = node->type == XML_ELEMENT_NODE && node->parent != nullptr &&
-                      node->parent->type == XML_ELEMENT_NODE;
-  return isPart ? NodeCopy(made(xmlDocCopyNode(node, node->doc, 1))) : nullptr;
-}
-
 xmlNodePtr contentRoot(xmlNodePtr node) {
   return node->type == XML_DOCUMENT_NODE ? xmlDocGetRootElement(node->doc) : node;
 }
 
-void removeLeftover(xmlNodePtr node) {
-  xmlUnlinkNode(node);
-  xmlFreeNode(node);
-}
-
 }  // namespace
+
+SharedDocument::~SharedDocument() {
+  for (const xmlNodePtr each : grafts) xmlUnlinkNode(each);
+}
 
 Node NodeAccess::make(SharedDocument* owner, xmlNodePtr node) {
   if (node == nullptr) return {};
@@ -220,63 +132,6 @@ Node Node::nextSibling() const {
   return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->next);
 }
 
-Node Node::appendElement(std::wstring_view qualifiedName, std::wstring_view namespaceUri,
-                         std::wstring_view text) const {
-  SharedDocument& owner = NodeAccess::owner(*this);
-  const xmlNodePtr parent = NodeAccess::raw(*this);
-  const xmlDocPtr document = owner.document.get();
-  const bool onDocument = parent->type == XML_DOCUMENT_NODE;
-  if (!onDocument && parent->type != XML_ELEMENT_NODE) {
-    throw RuntimeFault(notAParent, L"Only an element or a document can hold an element.");
-  }
-  if (onDocument && xmlDocGetRootElement(document) != nullptr) {
-    throw RuntimeFault(secondDocumentElement,
-                       L"Only one top level element is allowed in an XML document.");
-  }
-  const QualifiedName name = splitName(qualifiedName);
-  const std::string uri = treeText(owner, namespaceUri);
-  const std::string content = treeText(owner, text);
-  const xmlNodePtr element =
-      made(xmlNewDocNode(document, nullptr, asXml(name.local.c_str()), nullptr));
-  xmlAddChild(parent, element);
-  try {
-    if (!uri.empty()) element->ns = declare(document, element, name.prefix, uri);
-    if (!content.empty()) {
-      const auto length = static_cast<int>(content.size());
-      xmlAddChild(element, made(xmlNewDocTextLen(document, asXml(content.c_str()), length)));
-    }
-  } catch (...) {
-    removeLeftover(element);
-    throw;
-  }
-  return NodeAccess::make(&owner, element);
-}
-
-Node Node::setAttribute(std::wstring_view qualifiedName, std::wstring_view namespaceUri,
-                        std::wstring_view value) const {
-  SharedDocument& owner = NodeAccess::owner(*this);
-  const xmlNodePtr element = NodeAccess::raw(*this);
-  if (element->type != XML_ELEMENT_NODE) throw RuntimeFault(fault::typeMismatch);
-  const xmlDocPtr document = owner.document.get();
-  const QualifiedName name = splitName(qualifiedName);
-  const std::string uri = treeText(owner, namespaceUri);
-  const std::string content = treeText(owner, value);
-  const xmlNsPtr space = attributeNamespace(document, element, name.prefix, uri);
-  if (const xmlAttrPtr old = findAttribute(element, name); old != nullptr) xmlRemoveProp(old);
-  const xmlAttrPtr attribute =
-      made(xmlNewNsProp(element, space, asXml(name.local.c_str()), asXml(content.c_str())));
-  return NodeAccess::make(&owner, reinterpret_cast<xmlNodePtr>(attribute));  // NOLINT: DOM base
-}
-
-std::optional<std::wstring> Node::attribute(std::wstring_view qualifiedName) const {
-  const xmlNodePtr element = NodeAccess::raw(*this);
-  if (element->type != XML_ELEMENT_NODE) throw RuntimeFault(fault::typeMismatch);
-  const xmlAttrPtr found = findAttribute(element, splitName(qualifiedName));
-  if (found == nullptr) return std::nullopt;
-  return NodeAccess::make(shared(owner_), reinterpret_cast<xmlNodePtr>(found))  // NOLINT: DOM base
-      .text();
-}
-
 std::wstring Node::text() const {
   std::wstring wide;
   readText([&](auto content) {
@@ -298,24 +153,6 @@ void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
   }
   const XmlText collected(xmlNodeGetContent(contentRoot(node)));
   utf8(reader, asChars(made(collected.get())));
-}
-
-std::string Node::serialise() const {
-  SharedDocument& owner = NodeAccess::owner(*this);
-  if (owner.hasForbiddenCharacters) {
-    throw RuntimeFault(fault::invalidCall);
-  }
-  const std::unique_ptr<xmlBuffer, FreeWith<xmlBufferFree>> buffer(made(xmlBufferCreate()));
-  const xmlNodePtr root = contentRoot(NodeAccess::raw(*this));
-  if (root == nullptr) return {};
-  const NodeCopy part = partOfADocument(root);
-  const xmlNodePtr node = part ? part.get() : root;
-  xmlSaveCtxtPtr save =
-      made(xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_NO_DECL | XML_SAVE_AS_XML));
-  const long saved = xmlSaveTree(save, node);
-  if (xmlSaveClose(save) < 0 || saved < 0) throw std::bad_alloc();
-  return {asChars(xmlBufferContent(buffer.get())),
-          static_cast<std::size_t>(xmlBufferLength(buffer.get()))};
 }
 
 Document Document::create() {

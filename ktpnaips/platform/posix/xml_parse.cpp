@@ -27,9 +27,18 @@ constexpr int mostLevels = 1000;
 constexpr int mostNamespaces = 1000;
 constexpr std::size_t memoryForNames = 256 * 1024;
 
-/// Why the parser has been stopped: the text that its context was given for that.
+/// What shows while a text is parsed.
+struct Findings {
+  std::wstring_view refusal;  ///< why the parser has been stopped
+  bool whiteSpace = false;    ///< a piece of text that is white space only
+};
+
+Findings& findingsOf(xmlParserCtxtPtr parser) {
+  return *static_cast<Findings*>(parser->_private);
+}
+
 void refuse(xmlParserCtxtPtr parser, std::wstring_view reason) {
-  *static_cast<std::wstring_view*>(parser->_private) = reason;
+  findingsOf(parser).refusal = reason;
   xmlStopParser(parser);
 }
 
@@ -50,6 +59,16 @@ void startElement(void* context, const xmlChar* name, const xmlChar* prefix, con
     xmlSAX2StartElementNs(context, name, prefix, uri, namespaceCount, namespaces, attributeCount,
                           defaultedCount, attributes);
   }
+}
+
+bool isWhiteSpace(std::string_view text) {
+  return text.find_first_not_of("\x20\x9\xA\xD") == std::string_view::npos;
+}
+
+void addText(void* context, const xmlChar* text, int length) {
+  const std::string_view piece(asChars(text), static_cast<std::size_t>(length));
+  if (isWhiteSpace(piece)) findingsOf(static_cast<xmlParserCtxtPtr>(context)).whiteSpace = true;
+  xmlSAX2Characters(context, text, length);
 }
 
 /// True when libxml2 can read the text where it lies: UTF-8 without a declaration that it would
@@ -76,24 +95,11 @@ Tree parseText(xmlParserCtxtPtr parser, const std::string& text) {
   return Tree(std::exchange(parser->myDoc, nullptr));
 }
 
-bool isWhiteSpace(const xmlChar* text) {
-  for (; *text != 0; ++text) {
-    if (*text != 0x20 && *text != 0x9 && *text != 0xA && *text != 0xD) return false;
-  }
-  return true;
-}
-
-xmlNodePtr nextInTree(xmlNodePtr node) {
-  while (node != nullptr && node->next == nullptr) node = node->parent;
-  return node != nullptr ? node->next : nullptr;
-}
-
 void removeWhiteSpaceText(xmlDocPtr document) {
   xmlNodePtr node = document->children;
   while (node != nullptr) {
-    const bool descend = node->type == XML_ELEMENT_NODE && node->children != nullptr;
-    const xmlNodePtr next = descend ? node->children : nextInTree(node);
-    if (node->type == XML_TEXT_NODE && isWhiteSpace(node->content)) {
+    const xmlNodePtr next = following(node);
+    if (node->type == XML_TEXT_NODE && isWhiteSpace(asChars(node->content))) {
       xmlUnlinkNode(node);
       xmlFreeNode(node);
     }
@@ -133,15 +139,16 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   initialiseLibrary();
   const ParserContext parser(made(xmlNewParserCtxt()));
   xmlCtxtUseOptions(parser.get(), options);
-  std::wstring_view refusal;
-  parser->_private = &refusal;
+  Findings findings;
+  parser->_private = &findings;
   parser->sax->internalSubset = refuseDoctype;
   parser->sax->startElementNs = startElement;
+  parser->sax->characters = parser->sax->ignorableWhitespace = addText;
   parser->loadsubset |= XML_SKIP_IDS;
   xmlDictSetLimit(parser->dict, memoryForNames);
   Tree tree = parseText(parser.get(), text);
-  if (!refusal.empty()) {
-    why.reason = refusal;
+  if (!findings.refusal.empty()) {
+    why.reason = findings.refusal;
     return {};
   }
   const bool isWellFormed = parser->wellFormed != 0 && parser->nsWellFormed != 0;
@@ -149,7 +156,7 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
     describe(parser.get(), why);
     return {};
   }
-  removeWhiteSpaceText(tree.get());
+  if (findings.whiteSpace) removeWhiteSpaceText(tree.get());
   auto owner = std::make_unique<SharedDocument>(std::move(tree));
   return NodeAccess::makeDocument(owner.release());
 }

@@ -7,8 +7,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 namespace ktpnaips::xml {
@@ -24,11 +24,16 @@ struct Step {
   std::string_view name;
 };
 
-/// A path of child steps only, which needs no XPath evaluation.
-class ChildPath {
+/// A path of child steps only, or a single one anywhere in the document ("//prefix:name"), which
+/// needs no XPath evaluation.
+class PlainPath {
  public:
-  /// False when the expression is more than child steps with bound prefixes.
+  /// False when the expression is more than that, or has a prefix that is not bound.
   bool read(std::string_view expression, const std::vector<Binding>& bindings) {
+    if (expression.starts_with("//")) {
+      isAnywhere_ = true;
+      return readStep(expression.substr(2), bindings);
+    }
     while (count_ < steps_.size()) {
       const auto slash = expression.find('/');
       if (!readStep(expression.substr(0, slash), bindings)) return false;
@@ -38,19 +43,27 @@ class ChildPath {
     return false;
   }
 
+  [[nodiscard]] bool isAnywhere() const { return isAnywhere_; }
+
   [[nodiscard]] bool isLast(std::size_t step) const { return step + 1 == count_; }
 
   [[nodiscard]] bool matches(std::size_t step, const xmlNode* node) const {
-    return node->type == XML_ELEMENT_NODE && steps_[step].name == asChars(node->name) &&
-           node->ns != nullptr && steps_[step].uri == asChars(node->ns->href);
+    return node->type == XML_ELEMENT_NODE && isSame(steps_[step].name, node->name) &&
+           node->ns != nullptr && isSame(steps_[step].uri, node->ns->href);
   }
 
  private:
+  static bool isSame(std::string_view text, const xmlChar* other) {
+    return std::strncmp(text.data(), asChars(other), text.size()) == 0 && other[text.size()] == 0;
+  }
+
   bool readStep(std::string_view step, const std::vector<Binding>& bindings) {
     const auto colon = step.find(':');
     if (colon == std::string_view::npos) return false;
     const std::string_view name = step.substr(colon + 1);
-    const auto isNameCharacter = [](unsigned char c) { return std::isalnum(c) != 0 || c == '-'; };
+    const auto isNameCharacter = [](char c) {
+      return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
+    };
     if (name.empty() || !std::ranges::all_of(name, isNameCharacter)) return false;
     const auto binding = std::ranges::find(bindings, step.substr(0, colon), &Binding::first);
     if (binding == bindings.end()) return false;
@@ -60,17 +73,26 @@ class ChildPath {
 
   std::array<Step, 4> steps_;
   std::size_t count_ = 0;
+  bool isAnywhere_ = false;
 };
 
 /// Calls `found` for each node at the end of the path below `parent`, in document order, until it
 /// returns false.
 template <class Found>
-bool walk(xmlNodePtr parent, const ChildPath& path, std::size_t step, Found& found) {
+bool walk(xmlNodePtr parent, const PlainPath& path, std::size_t step, Found& found) {
   for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
     if (!path.matches(step, child)) continue;
     if (!(path.isLast(step) ? found(child) : walk(child, path, step + 1, found))) return false;
   }
   return true;
+}
+
+/// Calls `found` for each node in the document that matches, until it returns false.
+template <class Found>
+void walkDocument(xmlDocPtr document, const PlainPath& path, Found& found) {
+  for (xmlNodePtr node = document->children; node != nullptr; node = following(node)) {
+    if (path.matches(0, node) && !found(node)) return;
+  }
 }
 
 void keepSilent(void*, xmlErrorPtr) {}
@@ -105,8 +127,12 @@ template <class Found>
 void visit(const Node& from, std::string_view expression, Found found) {
   SharedDocument& owner = NodeAccess::owner(from);
   const xmlNodePtr node = NodeAccess::raw(from);
-  if (ChildPath path; path.read(expression, owner.bindings)) {
-    walk(node, path, 0, found);
+  if (PlainPath path; path.read(expression, owner.bindings)) {
+    if (path.isAnywhere()) {
+      walkDocument(owner.document.get(), path, found);
+    } else {
+      walk(node, path, 0, found);
+    }
     return;
   }
   const Result result = evaluate(owner, node, expression);

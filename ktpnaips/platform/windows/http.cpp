@@ -143,6 +143,10 @@ bool Exchange::logInToProxy() {
                           nullptr) == ERROR_INTERNET_FORCE_RETRY;
 }
 
+std::size_t Exchange::announcedSize() const {
+  return 0;
+}
+
 std::optional<std::size_t> Exchange::read(char* buffer, std::size_t size) {
   DWORD length = 0;
   if (InternetReadFile(handles_->request.get(), buffer, static_cast<DWORD>(size), &length) == 0) {
