@@ -13,6 +13,7 @@
 namespace cli {
 namespace {
 
+constexpr std::string_view networkSign = " call failed: ";
 constexpr std::wstring_view traceStart = L"\r\n\r\n+-+-+-+\r\nIn response to request:\r\n\r\n";
 
 struct Summary {
@@ -28,7 +29,7 @@ constexpr std::array summaries{
             "The service could not process the request and answered a fault."},
     Summary{"SOAP Fault: Not a SOAP response",
             "The answer is XML but not from NAIPS; check --host and --mode."},
-    Summary{" call failed: ",
+    Summary{networkSign,
             "The service could not be reached; check the network, --host and --connect-to."},
     Summary{"HTTP/1.", "The server answered, but not as NAIPS does; its answer follows."},
     Summary{"SOAP Fault: Unrecognised response.",
@@ -68,6 +69,10 @@ bool mayHaveBeenDone(const ErrorText& error) {
                             return error.text.starts_with(start);
                           });
   return wasSent && !hasVerdict;
+}
+
+bool isUnreached(const ErrorText& error) {
+  return error.text.find(networkSign) != std::string::npos;
 }
 
 void complain(std::string_view text) {

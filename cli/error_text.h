@@ -23,6 +23,9 @@ std::string summaryOf(std::string_view errorText);
 /// knows whether it has done what was asked.
 bool mayHaveBeenDone(const ErrorText& error);
 
+/// True when the network, not the service, let the request down.
+bool isUnreached(const ErrorText& error);
+
 /// Writes a line to standard error.
 void complain(std::string_view text);
 
