@@ -11,6 +11,7 @@
 namespace cli {
 namespace {
 
+constexpr std::string_view networkSign = " call failed: ";
 constexpr std::wstring_view traceStart = L"\r\n\r\n+-+-+-+\r\nIn response to request:\r\n\r\n";
 
 struct Summary {
@@ -37,8 +38,7 @@ constexpr std::array summaries{
     Summary{"Dec: 12007\t", "The host of {} is not known; check --host and the network."},
     Summary{"Dec: 12045\t", untrusted},
     Summary{"Dec: 12175\t", untrusted},
-    Summary{" call failed: ",
-            "{} could not be reached; check the network, --host and --connect-to."},
+    Summary{networkSign, "{} could not be reached; check the network, --host and --connect-to."},
     Summary{"HTTP/1.1 407", loggedOut},
     Summary{"HTTP/1.0 407", loggedOut},
     Summary{"HTTP/1.", "{} answered, but not as NAIPS does; check --host. Its answer follows."},
@@ -81,6 +81,10 @@ bool mayHaveBeenDone(const ErrorText& error) {
                             return error.text.starts_with(start);
                           });
   return wasSent && !hasVerdict;
+}
+
+bool isUnreached(const ErrorText& error) {
+  return error.text.find(networkSign) != std::string::npos;
 }
 
 }  // namespace cli

@@ -23,4 +23,7 @@ std::string summaryOf(std::string_view errorText, std::string_view service);
 /// knows whether it has done what was asked.
 bool mayHaveBeenDone(const ErrorText& error);
 
+/// True when the network, not the service, let the request down.
+bool isUnreached(const ErrorText& error);
+
 }  // namespace cli

@@ -14,6 +14,7 @@
 #include <CLI/Validators.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -74,14 +75,15 @@ void requireCombinable(const Session& session, const PackCall& call) {
 
 /// Writes the pack to its file, unless nothing was answered and the file holds an older one.
 /// Returns what is to be said about it.
-std::string writePack(const pack::Pack& gathered, const PackCall& call, pack::OutputFile& file,
+std::string writePack(const pack::Pack& gathered, const PackCall& call,
+                      const std::filesystem::path& browser, pack::OutputFile& file,
                       bool isAnswered) {
   if (!isAnswered && file.replaces()) {
     return fmt::format("{} is left as it was: no request was answered.", call.output);
   }
   const std::string document = pack::htmlDocument(gathered);
   if (call.isPdf) {
-    pack::printToPdf(call.browser, document, file.partial());
+    pack::printToPdf(browser, document, file.partial());
   } else {
     file.write(document);
   }
@@ -96,7 +98,8 @@ void makePack(Session& session, PackCall& call) {
     return;
   }
   requireCombinable(session, call);
-  if (call.isPdf) call.browser = pack::findBrowser(call.browser);
+  std::filesystem::path browser;
+  if (call.isPdf) browser = pack::findBrowser(call.browser);
   const bool isFile = call.output != standardOutput;
   if (call.output.empty()) call.output = call.isPdf ? "pack.pdf" : "pack.html";
   std::optional<pack::OutputFile> file;
@@ -108,7 +111,7 @@ void makePack(Session& session, PackCall& call) {
   } else {
     const bool isAnswered =
         std::ranges::any_of(outcomes, [](const Json& each) { return !each["Error"].get<bool>(); });
-    const std::string told = writePack(gathered, call, *file, isAnswered);
+    const std::string told = writePack(gathered, call, browser, *file, isAnswered);
     if (!session.options().json) printLine(told);
   }
   session.finishEach(outcomes, {{"File", call.output}});

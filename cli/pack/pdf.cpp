@@ -5,6 +5,8 @@
 
 #define BOOST_PROCESS_USE_STD_FS
 #include <fmt/format.h>
+#include <boost/system/error_code.hpp>  // which its headers for Windows use without including it
+
 #include <boost/process/args.hpp>
 #include <boost/process/child.hpp>
 #include <boost/process/exe.hpp>
@@ -17,7 +19,6 @@
 #include <ios>
 #include <stdexcept>
 #include <system_error>
-#include <thread>
 #include <vector>
 
 namespace cli::pack {
@@ -60,8 +61,10 @@ void writeFile(const fs::path& file, std::string_view content) {
 }
 
 /// Runs the program, without a shell, for two minutes at most. Returns whether it succeeded.
-bool run(const std::string& program, const std::vector<std::string>& arguments) {
-  process::child child(process::exe = program, process::args = arguments,
+bool run(const fs::path& program, const std::vector<std::string>& arguments) {
+  std::vector<fs::path::string_type> native;
+  for (const std::string& each : arguments) native.push_back(pathOf(each).native());
+  process::child child(process::exe = program.native(), process::args = native,
                        process::std_in<process::null, process::std_out> process::null,
                        process::std_err > process::null);
   constexpr auto patience = std::chrono::minutes(2);
@@ -74,24 +77,24 @@ bool run(const std::string& program, const std::vector<std::string>& arguments) 
 
 }  // namespace
 
-std::string findBrowser(const std::string& wanted) {
+fs::path findBrowser(const std::string& wanted) {
   if (!wanted.empty()) {
     std::error_code ignored;
-    if (fs::is_regular_file(pathOf(wanted), ignored)) return wanted;
+    if (fs::is_regular_file(pathOf(wanted), ignored)) return pathOf(wanted);
     const auto found = process::search_path(wanted);
-    if (!found.empty()) return found.string();
+    if (!found.empty()) return found;
     throw UsageError(fmt::format("--browser \"{}\" is not a program", wanted));
   }
   for (const char* name : browserNames) {
     const auto found = process::search_path(name);
-    if (!found.empty()) return found.string();
+    if (!found.empty()) return found;
   }
   throw UsageError(
       "a PDF file needs Chromium, which is not installed (on Debian: apt install chromium); name "
       "one elsewhere with --browser, or print the HTML file from any browser");
 }
 
-void printToPdf(const std::string& browser, std::string_view document, const fs::path& file) {
+void printToPdf(const fs::path& browser, std::string_view document, const fs::path& file) {
   const WorkFolder folder(file);
   const fs::path page = folder.path() / "pack.html";
   const fs::path pdf = folder.path() / "pack.pdf";
@@ -105,7 +108,7 @@ void printToPdf(const std::string& browser, std::string_view document, const fs:
     throw std::runtime_error(
         fmt::format("{} could not print the pack. As the system's administrator it does not run "
                     "without \"--no-sandbox\": ask as another user, or make the HTML file.",
-                    browser));
+                    pathText(browser)));
   }
   fs::rename(pdf, file);
 }

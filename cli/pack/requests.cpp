@@ -251,20 +251,40 @@ class Gathering {
   Gathered take() { return {std::move(pack_), std::move(outcomes_)}; }
 
  private:
+  static constexpr int patience = 2;
+
   /// Sends a request; the answer fails when the response does.
   template <class Request>
   auto ask(Request& request, const std::string& what, Answer& answer) {
+    answer.title = what;
+    decltype(session_.fetch(request)) response;
+    if (unreached_ == patience) {
+      skip(answer);
+      return response;
+    }
     progress_.next(what);
-    const auto response = session_.fetch(request);
+    response = session_.fetch(request);
     progress_.clear();
     outcomes_.push_back(session_.outcome(response.get(), {{"Request", what}}));
     session_.showOne(response.get(), what, [] {});
-    answer.title = what;
-    if (response == nullptr || response->Error()) {
-      const std::string text = errorText(response.get()).text;
-      fail(answer, session_.summary(text) + "\n" + plain(fromUtf8(text)));
-    }
+    take(response.get(), answer);
     return response;
+  }
+
+  void take(const ktpnaips::AbstractResponse* response, Answer& answer) {
+    const bool hasFailed = response == nullptr || response->Error();
+    const ErrorText error = hasFailed ? errorText(response) : ErrorText{};
+    if (hasFailed) fail(answer, session_.summary(error.text) + "\n" + plain(fromUtf8(error.text)));
+    unreached_ = isUnreached(error) ? unreached_ + 1 : 0;
+    if (unreached_ == patience) {
+      session_.remark("The service cannot be reached: the other requests are not sent.");
+    }
+  }
+
+  /// Leaves out a request that would only wait for the same failure.
+  void skip(Answer& answer) {
+    fail(answer, "Not asked, as the service could not be reached just before.");
+    outcomes_.push_back({{"Error", true}, {"ErrorText", answer.reason}, {"Request", answer.title}});
   }
 
   void fail(Answer& answer, std::string reason) {
@@ -537,6 +557,7 @@ class Gathering {
   Pack pack_;
   std::vector<Json> outcomes_;
   std::size_t expectedNames_ = 0;
+  int unreached_ = 0;  // requests in a row that the network let down
 };
 
 }  // namespace
