@@ -3,18 +3,23 @@
 #include "cli/pack/html.h"
 #include "cli/pack/map_layout.h"
 #include "cli/pack/map_svg.h"
+#include "cli/pack/route_map.h"
 #include "cli/pack/style.h"
 #include "cli/pack/text_parts.h"
 #include "cli/pack/timeline.h"
 #include "cli/pack/times.h"
-#include "cli/text_output.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
+#include <optional>
+#include <ratio>
 #include <set>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -90,8 +95,12 @@ std::string lightText(const Pack& pack, const Place& place, ktpnaips::DateTime t
          lightTime(light->lastTime, light->last);
 }
 
-std::string firstLine(const std::string& text) {
-  return text.substr(0, text.find('\n'));
+/// The line of a failure that says most: the service's own, or the first.
+std::string reasonInShort(const std::string& reason) {
+  constexpr std::string_view mark = "Info: ";
+  const auto info = reason.find(mark);
+  const auto start = info == std::string::npos ? 0 : info + mark.size();
+  return reason.substr(start, reason.find('\n', start) - start);
 }
 
 /// A text as a string of a style sheet, and nothing else whatever it holds.
@@ -213,7 +222,7 @@ class Document {
     if (pack_.failures.empty()) return;
     body_ += "<div class=\"failed\">" + element("p", "What was asked for and is missing:") + "<ul>";
     for (const Answer& answer : pack_.failures) {
-      body_ += element("li", answer.title + ": " + firstLine(answer.reason));
+      body_ += element("li", answer.title + ": " + reasonInShort(answer.reason));
     }
     body_ += "</ul></div>\n";
   }
@@ -246,14 +255,14 @@ class Document {
 
   void writeMap() {
     open("map", "Route map");
-    const auto points = mapPoints();
-    const auto legs = mapLegs();
+    const auto points = mapPoints(flight());
+    const auto legs = mapLegs(flight());
     if (points.empty()) {
       body_ += element("p", "No position of the flight is known, so there is no map.");
     } else {
       body_ += "<figure>";
       const std::string told = "Route map " + routeOf(flight());
-      const std::string description = mapDescription(legs);
+      const std::string description = legsInWords(flight());
       constexpr MapSize broad{720, 13, 0.66};
       constexpr MapSize narrow{360, 11, 1.05};
       body_ += "<div class=\"broad\">" +
@@ -271,83 +280,12 @@ class Document {
     close();
   }
 
-  /// Each place that has a position, once.
-  [[nodiscard]] std::vector<MapPoint> mapPoints() const {
-    std::vector<MapPoint> points;
-    const auto add = [&](const Place& place, PointKind kind) {
-      if (!place.position) return;
-      const auto same = std::ranges::find(points, place.text, &MapPoint::name);
-      if (same == points.end()) points.push_back({place.text, *place.position, kind});
-    };
-    for (const Stage& stage : flight().stages) {
-      add(stage.from, PointKind::aerodrome);
-      add(stage.to, PointKind::aerodrome);
-      if (stage.alternate) add(stage.alternate->place, PointKind::aerodrome);
-    }
-    for (const Stage& stage : flight().stages) {
-      for (const Place& point : stage.way.points) add(point, PointKind::waypoint);
-      if (!stage.alternate) continue;
-      for (const Place& point : stage.alternate->way.points) add(point, PointKind::waypoint);
-    }
-    for (const Stage& stage : flight().stages) {
-      for (const Place& place : stage.locations) add(place, PointKind::ofInterest);
-    }
-    return points;
-  }
-
-  /// A leg between places that have positions.
-  struct NamedLeg {
-    MapLeg leg;
-    std::string from;
-    std::string to;
-  };
-
-  static void addLegs(std::vector<NamedLeg>& legs, const std::vector<const Place*>& way,
-                      bool isAlternate) {
-    const Place* last = nullptr;
-    for (const Place* place : way) {
-      if (!place->position) continue;
-      if (last != nullptr && last->text != place->text) {
-        legs.push_back({{*last->position, *place->position, isAlternate}, last->text, place->text});
-      }
-      last = place;
-    }
-  }
-
-  [[nodiscard]] std::vector<NamedLeg> namedLegs() const {
-    std::vector<NamedLeg> legs;
-    for (const Stage& stage : flight().stages) {
-      addLegs(legs, mainWay(stage), false);
-      addLegs(legs, alternateWay(stage), true);
-    }
-    return legs;
-  }
-
-  [[nodiscard]] std::vector<MapLeg> mapLegs() const {
-    std::vector<MapLeg> legs;
-    for (const NamedLeg& each : namedLegs()) legs.push_back(each.leg);
-    return legs;
-  }
-
-  [[nodiscard]] std::string mapDescription(const std::vector<MapLeg>&) const {
-    std::string text;
-    for (const NamedLeg& each : namedLegs()) {
-      text += fmt::format("{}{} to {}: {}.", text.empty() ? "" : " ", each.from, each.to,
-                          legText(each.leg.from, each.leg.to));
-      if (each.leg.isAlternate) text.insert(text.size() - 1, ", alternate");
-    }
-    return text;
-  }
-
   void writeLegs() {
     body_ += "<div class=\"tables\">";
     for (const Stage& stage : flight().stages) {
-      std::vector<NamedLeg> legs;
-      addLegs(legs, mainWay(stage), false);
-      addLegs(legs, alternateWay(stage), true);
       HtmlTable table("From " + stage.from.text, {"To", "Track", "Distance", "Sum"}, {1, 2, 3});
       double sum = 0;
-      for (const NamedLeg& each : legs) {
+      for (const RouteLeg& each : legsOf(stage)) {
         const double length = distanceBetween(each.leg.from, each.leg.to);
         if (!each.leg.isAlternate) sum += length;
         const std::string text = legText(each.leg.from, each.leg.to);

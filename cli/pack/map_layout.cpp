@@ -12,6 +12,7 @@
 #include <limits>
 #include <numbers>
 #include <optional>
+#include <utility>
 
 namespace cli::pack {
 namespace {
@@ -131,7 +132,8 @@ class Labelling {
       for (const double ring : rings) {
         for (int direction = 0; direction < directions; ++direction) {
           const Box box = boxAt(anchor, gap + ring, direction, width, height);
-          const double cost = handicap + ring * 1.5 + crossings(box) * 40 + penaltyOf(direction);
+          double cost = handicap + ring * 1.5 + crossings(box) * 40 + penaltyOf(direction);
+          if (ring > leaderFrom) cost += hidden(anchor, box.centre()) * 60;
           if (cost >= least || !isFree(box)) continue;
           least = cost;
           best = Label{text, box, ring > leaderFrom, anchor};
@@ -139,7 +141,9 @@ class Labelling {
       }
       handicap += 8;
     }
-    if (best) taken_.push_back(best->box);
+    if (!best) return best;
+    taken_.push_back(best->box);
+    if (best->hasLeader) lines_.push_back({best->leaderEnd, best->box.centre()});
     return best;
   }
 
@@ -179,6 +183,13 @@ class Labelling {
       }
     }
     return count;
+  }
+
+  /// How much a leader would run over.
+  [[nodiscard]] int hidden(Spot from, Spot to) const {
+    return static_cast<int>(std::ranges::count_if(taken_, [&](const Box& box) {
+      return !box.contains({from.x, from.y, 0, 0}) && crosses(box, from, to);
+    }));
   }
 
   Box frame_;

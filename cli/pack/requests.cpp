@@ -2,6 +2,8 @@
 
 #include "cli/chart_files.h"
 #include "cli/error_text.h"
+#include "cli/pack/coded_way.h"
+#include "cli/pack/filling.h"
 #include "cli/pack/pictures.h"
 #include "cli/pack/times.h"
 #include "cli/paths.h"
@@ -22,17 +24,19 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstddef>
 #include <exception>
 #include <filesystem>
-#include <sstream>
+#include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace cli::pack {
 
@@ -43,125 +47,12 @@ using ktpnaips::text::toUtf8;
 
 namespace {
 
-void addOnce(std::vector<std::string>& texts, const std::string& text) {
-  if (!text.empty() && std::ranges::find(texts, text) == texts.end()) texts.push_back(text);
-}
-
-/// The locations that give the flight's places their positions.
-std::vector<std::string> locationNames(const Flight& flight) {
-  std::vector<std::string> names;
-  forEachPlace(flight, [&](const Place& place) { addOnce(names, place.name); });
-  return names;
-}
-
-std::vector<std::string> aerodromes(const Flight& flight) {
-  std::vector<std::string> names;
-  for (const Stage& stage : flight.stages) {
-    for (const Place* place : {&stage.from, &stage.to}) addOnce(names, place->name);
-    if (stage.alternate) addOnce(names, stage.alternate->place.name);
-  }
-  return names;
-}
-
-/// A route that the service holds under a code.
-struct CodedWay {
-  Way* way;
-  const Place* from;
-  const Place* to;
-};
-
-std::vector<CodedWay> codedWays(Flight& flight) {
-  std::vector<CodedWay> ways;
-  for (Stage& stage : flight.stages) {
-    if (!stage.way.code.empty()) ways.push_back({&stage.way, &stage.from, &stage.to});
-    if (stage.alternate && !stage.alternate->way.code.empty()) {
-      ways.push_back({&stage.alternate->way, &stage.to, &stage.alternate->place});
-    }
-  }
-  return ways;
-}
-
-void fill(ktpnaips::GetRouteRqs& request, const CodedWay& coded) {
-  request.Depart(fromUtf8(coded.from->text));
-  request.Destination(fromUtf8(coded.to->text));
-  request.Code(fromUtf8(coded.way->code));
-}
-
-void fill(ktpnaips::WindTempProfileRqs& request, const Flight& flight) {
-  request.TAS(fromUtf8(flight.tas));
-  for (const Stage& stage : flight.stages) {
-    const auto wind = std::make_shared<ktpnaips::WindTempStage>();
-    wind->ETD(stage.etd);
-    wind->Depart(fromUtf8(stage.from.text));
-    wind->Destination(fromUtf8(stage.to.text));
-    if (!stage.way.isUnknown()) wind->Route(fromUtf8(stage.way.text));
-    request.addStage(wind);
-  }
-}
-
-/// The aerodromes, as many together as one RAIM request takes.
-std::vector<std::vector<std::string>> raimLocations(const Flight& flight) {
-  constexpr std::size_t limit = 20;
-  std::vector<std::vector<std::string>> groups;
-  for (const std::string& name : aerodromes(flight)) {
-    if (groups.empty() || groups.back().size() == limit) groups.emplace_back();
-    groups.back().push_back(name);
-  }
-  return groups;
-}
-
-void fill(ktpnaips::RAIMRqs& request, const std::vector<std::string>& locations) {
-  for (const std::string& name : locations) request.addLocation(fromUtf8(name));
-}
-
-void fill(ktpnaips::LocAirspaceDirectoryRqs& request, const std::string& name) {
-  request.PartialName(fromUtf8(name));
-}
-
 /// Writes the document of a request that is filled from this.
 template <class Request, class From>
 void showFilled(Session& session, const From& from) {
   Request request;
   fill(request, from);
   session.showDocument(request);
-}
-
-/// Whether a word of a route text is a point, not an airway, a level or a mark.
-bool isPoint(const std::string& word) {
-  const auto isLetter = [](char c) { return c >= 'A' && c <= 'Z'; };
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  constexpr std::size_t longest = 5;
-  constexpr std::size_t bearingAndDistance = 6;
-  const auto letters =
-      static_cast<std::size_t>(std::ranges::find_if_not(word, isLetter) - word.begin());
-  const std::string_view rest = std::string_view(word).substr(letters);
-  if (word == "DCT" || letters < 2 || letters > longest) return false;
-  return rest.empty() || (rest.size() == bearingAndDistance && std::ranges::all_of(rest, isDigit));
-}
-
-/// The text of a route in an answer that no class reads: what stands there besides its ends, code
-/// and description.
-std::string routeText(const ktpnaips::AbstractResponse& response) {
-  constexpr std::array<std::wstring_view, 4> known{L"adep", L"ades", L"code", L"description"};
-  const auto payload = response.Payload();
-  std::string text;
-  if (!payload) return text;
-  for (const auto& leaf : payload.selectAll(".//*[not(*)]")) {
-    std::wstring name = leaf.name();
-    name.erase(0, name.find(L':') + 1);
-    if (std::ranges::find(known, name) == known.end()) text += oneLine(leaf.text()) + ' ';
-  }
-  text.erase(text.find_last_not_of(' ') + 1);
-  return text;
-}
-
-void takeRoute(const CodedWay& coded, const std::string& text) {
-  coded.way->text = text;
-  std::istringstream words(text);
-  for (std::string word; words >> word;) {
-    const bool isEnd = word == coded.from->text || word == coded.to->text;
-    if (isPoint(word) && !isEnd) coded.way->points.push_back(placeNamed(word));
-  }
 }
 
 /// Hours of "PT06H" or "6".
