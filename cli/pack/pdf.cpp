@@ -67,10 +67,14 @@ bool run(const fs::path& program, const std::vector<std::string>& arguments) {
   process::child child(process::exe = program.native(), process::args = native,
                        process::std_in<process::null, process::std_out> process::null,
                        process::std_err > process::null);
-  constexpr auto patience = std::chrono::minutes(2);
-  if (!child.wait_for(patience)) {
-    child.terminate();
-    return false;
+  // Not wait_for(): it waits for a signal that another thread of the process may take.
+  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+  while (child.running()) {
+    if (std::chrono::steady_clock::now() > end) {
+      child.terminate();
+      return false;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
   return child.exit_code() == 0;
 }
