@@ -132,9 +132,11 @@ class Labelling {
       for (const double ring : rings) {
         for (int direction = 0; direction < directions; ++direction) {
           const Box box = boxAt(anchor, gap + ring, direction, width, height);
-          double cost = handicap + ring * 1.5 + crossings(box) * 40 + penaltyOf(direction);
-          if (ring > leaderFrom) cost += hidden(anchor, box.centre()) * 60;
+          double cost = handicap + ring * 1.5 + penaltyOf(direction);
           if (cost >= least || !isFree(box)) continue;
+          cost += crossings(box) * 40;
+          if (ring > leaderFrom) cost += hidden(anchor, box.centre()) * 60;
+          if (cost >= least) continue;
           least = cost;
           best = Label{text, box, ring > leaderFrom, anchor};
         }
