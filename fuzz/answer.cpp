@@ -107,13 +107,16 @@ void reportTo(std::wstring_view report) {
                 "a failure has a number of its own");
 }
 
-/// A document that is written reads back, and is then written the same.
+/// A document that is written reads back with the same text, and is then written the same again.
+/// (How characters beyond ASCII are written in attributes depends on what the document declares.)
 void checkWriting(const std::string& answer) {
-  const auto document = ktpnaips::xml::Document::parse(answer);
+  using ktpnaips::xml::Document;
+  const Document document = Document::parse(answer);
   if (!document) return;
-  const std::string written = document.serialise();
-  const auto again = ktpnaips::xml::Document::parse(written);
-  fuzz::require(again && again.serialise() == written, "a document that is written reads back");
+  const Document again = Document::parse(document.serialise());
+  fuzz::require(again && again.text() == document.text(), "a document that is written reads back");
+  const std::string written = again.serialise();
+  fuzz::require(Document::parse(written).serialise() == written, "writing changes nothing");
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ class Scratch {
     const auto parent =
         std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
     path_ = parent / ("ktpnaips-fuzz-" + std::to_string(::getpid()));
+    std::filesystem::remove_all(path_);  // of an earlier process that was broken off
     std::filesystem::create_directories(temporary());
     ::setenv("XDG_DATA_HOME", data().c_str(), 1);
     ::setenv("TMPDIR", temporary().c_str(), 1);

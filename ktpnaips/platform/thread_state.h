@@ -9,7 +9,7 @@ class ThreadSlot {
   ThreadSlot(void* (*make)(), void (*destroy)(void*));
   ThreadSlot(const ThreadSlot&) = delete;
   ThreadSlot& operator=(const ThreadSlot&) = delete;
-  ~ThreadSlot();
+  ~ThreadSlot();  // NOLINT(performance-trivially-destructible): not so on Windows
 
   /// The calling thread's object.
   void* get();

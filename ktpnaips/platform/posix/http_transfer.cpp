@@ -18,7 +18,7 @@ namespace ktpnaips::http {
 
 namespace {
 
-constexpr std::size_t bufferSize = 256 * 1024;
+constexpr std::size_t bufferSize = std::size_t{256} * 1024;
 
 CURL* newEasy() {
   CURL* const easy = curl_easy_init();

@@ -71,6 +71,7 @@ Node::Node(const Node& other) noexcept : owner_(other.owner_), node_(other.node_
 Node::Node(Node&& other) noexcept
     : owner_(std::exchange(other.owner_, nullptr)), node_(std::exchange(other.node_, nullptr)) {}
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): retained before it is released
 Node& Node::operator=(const Node& other) noexcept {
   retain(other.owner_);
   release(owner_);

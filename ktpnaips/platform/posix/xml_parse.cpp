@@ -25,7 +25,7 @@ constexpr int options = XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_HUGE | XML
 // for each name.
 constexpr int mostLevels = 1000;
 constexpr int mostNamespaces = 1000;
-constexpr std::size_t memoryForNames = 256 * 1024;
+constexpr std::size_t memoryForNames = std::size_t{256} * 1024;
 
 /// What shows while a text is parsed.
 struct Findings {
