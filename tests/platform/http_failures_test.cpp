@@ -231,12 +231,12 @@ TEST_F(HttpFailures, GivesASlowAnswerTheTimeItNeedsWhileItKeepsComing) {
     peer.readRequest();
     peer.write("HTTP/1.1 200 OK\r\nContent-Length: 8\r\n\r\n");
     for (int i = 0; i < 8; ++i) {
-      std::this_thread::sleep_for(milliseconds(150));
+      std::this_thread::sleep_for(milliseconds(500));
       peer.write("x");
     }
   });
   HttpCall call = callTo(server.address());
-  call.receiveTimeout = 600;
+  call.receiveTimeout = 3'000;
   EXPECT_TRUE(run(call).bodyIsWhole);
 }
 
