@@ -4,6 +4,9 @@
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -47,16 +50,44 @@ RuntimeFault faultInFlight() {
   }
 }
 
-std::wstring reportText(const RuntimeFault& fault, const Procedure& procedure) {
-  std::wstring text = L"Error ";
-  text += std::to_wstring(fault.number());
+/// As much of a text as fits; needs no memory of its own.
+class FixedText {
+ public:
+  FixedText& operator+=(std::wstring_view part) {
+    part = part.substr(0, text_.size() - size_);
+    std::ranges::copy(part, text_.data() + size_);
+    size_ += part.size();
+    return *this;
+  }
+  [[nodiscard]] std::wstring_view view() const { return {text_.data(), size_}; }
+
+ private:
+  std::array<wchar_t, 256> text_{};
+  std::size_t size_ = 0;
+};
+
+template <class Text>
+Text reportText(std::wstring_view number, std::wstring_view description,
+                const Procedure& procedure) {
+  Text text{};
+  text += L"Error ";
+  text += number;
   text += L" (";
-  text += fault.description();
+  text += description;
   text += L") in procedure ";
   text += procedure.name;
   text += procedure.isClass ? L" of Class Module " : L" of Module ";
   text += procedure.module;
   return text;
+}
+
+void reportFault(const RuntimeFault& fault, const Procedure& procedure) {
+  deliver(
+      reportText<std::wstring>(std::to_wstring(fault.number()), fault.description(), procedure));
+}
+
+void reportOutOfMemory(const Procedure& procedure) {
+  deliver(reportText<FixedText>(L"7", L"Out of memory", procedure).view());
 }
 
 }  // namespace
@@ -69,10 +100,10 @@ void setFailureReporter(FailureReporter reporter) {
 
 void reportFailure(const Procedure& procedure) noexcept {
   try {
-    deliver(reportText(faultInFlight(), procedure));
+    reportFault(faultInFlight(), procedure);
   } catch (const std::bad_alloc&) {
     try {
-      deliver(L"Error 7 (Out of memory)");
+      reportOutOfMemory(procedure);
     } catch (...) {  // the reporter itself failed: nobody is left to tell
     }
   } catch (...) {  // as above

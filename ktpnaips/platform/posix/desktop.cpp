@@ -9,8 +9,9 @@ void showMessage(std::wstring_view text) noexcept {
   try {
     const std::string line = text::toUtf8(text) + '\n';
     std::fwrite(line.data(), 1, line.size(), stderr);
-  } catch (...) {
-    std::fputs("Out of memory\n", stderr);
+  } catch (...) {  // no memory for the conversion: letter by letter
+    for (const wchar_t c : text) std::fputc(c < 0x80 ? static_cast<char>(c) : '?', stderr);
+    std::fputc('\n', stderr);
   }
 }
 

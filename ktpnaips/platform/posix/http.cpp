@@ -5,6 +5,7 @@
 #include <ktpnaips/platform/posix/http_transfer.h>
 #include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/text.h>
+#include <ktpnaips/platform/thread_state.h>
 
 #include <algorithm>
 #include <array>
@@ -17,8 +18,8 @@ namespace ktpnaips::http {
 namespace {
 
 std::unique_ptr<Transfer>& keptTransfer() {
-  thread_local std::unique_ptr<Transfer> kept;
-  return kept;
+  setUpLibcurl();  // before there is something to keep, so that it goes first when the program ends
+  return platform::threadState<std::unique_ptr<Transfer>>();
 }
 
 std::unique_ptr<Transfer> takeTransfer() {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <ktpnaips/platform/text.h>
+#include <ktpnaips/platform/thread_state.h>
 
 namespace ktpnaips::http {
 
@@ -16,8 +17,7 @@ struct Failure {
 };
 
 Failure& lastFailure() {
-  thread_local Failure failure;
-  return failure;
+  return platform::threadState<Failure>();
 }
 
 struct Message {

@@ -27,8 +27,8 @@ CURL* newEasy() {
 }
 
 CURLM* newMulti() {
-  static const CURLcode initialised = curl_global_init(CURL_GLOBAL_DEFAULT);
-  CURLM* const multi = initialised == CURLE_OK ? curl_multi_init() : nullptr;
+  setUpLibcurl();
+  CURLM* const multi = curl_multi_init();
   if (multi == nullptr) throw std::bad_alloc();
   return multi;
 }
@@ -99,6 +99,14 @@ ErrorCode codeOf(CURLcode result, long systemError) {
 }
 
 }  // namespace
+
+void setUpLibcurl() {
+  static const bool isSetUp = [] {  // tried again when it has thrown
+    if (curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK) throw std::bad_alloc();
+    return true;
+  }();
+  static_cast<void>(isSetUp);
+}
 
 Transfer::Transfer() : buffer_(std::make_unique_for_overwrite<char[]>(bufferSize)) {
   multi_.reset(newMulti());

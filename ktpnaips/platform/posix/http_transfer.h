@@ -46,6 +46,9 @@ struct RequestSettings {
   TimeLimits limits;
 };
 
+/// Sets libcurl up for the process unless that has been done. Throws when it fails.
+void setUpLibcurl();
+
 /// A libcurl handle that carries one request at a time, each over a connection of its own. It keeps
 /// the loaded issuers, the TLS session tickets and its buffers from one request to the next.
 class Transfer {

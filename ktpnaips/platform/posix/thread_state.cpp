@@ -1,35 +1,41 @@
 #include <ktpnaips/platform/thread_state.h>
 
-#include <atomic>
-#include <memory>
-#include <vector>
+#include <pthread.h>
+
+#include <new>
 
 namespace ktpnaips::platform {
 namespace {
 
-using State = std::unique_ptr<void, void (*)(void*)>;
-
-thread_local std::vector<State> states;
-
-void keep(void*) {}
+pthread_key_t newKey(void (*destroy)(void*)) {
+  pthread_key_t key{};
+  if (pthread_key_create(&key, destroy) != 0) throw std::bad_alloc();
+  return key;
+}
 
 }  // namespace
 
-ThreadSlot::ThreadSlot(void* (*make)(), void (*destroy)(void*)) : make_(make), destroy_(destroy) {
-  static std::atomic<unsigned long> slots{0};
-  index_ = slots++;
+// A thread_local object with a destructor ends the program when there is no memory to register it.
+ThreadSlot::ThreadSlot(void* (*make)(), void (*destroy)(void*))
+    : make_(make), destroy_(destroy), index_(newKey(destroy)) {}
+
+// The thread that ends the program does not end by itself.
+ThreadSlot::~ThreadSlot() {
+  const auto key = static_cast<pthread_key_t>(index_);
+  void* const own = pthread_getspecific(key);
+  pthread_key_delete(key);
+  if (own != nullptr) destroy_(own);
 }
 
-ThreadSlot::~ThreadSlot() = default;
-
 void* ThreadSlot::get() {
-  while (states.size() <= index_) states.emplace_back(nullptr, keep);
-  State& state = states[index_];
-  if (state == nullptr) {
-    void* made = make_();
-    state = State(made, destroy_);
+  const auto key = static_cast<pthread_key_t>(index_);
+  if (void* const made = pthread_getspecific(key); made != nullptr) return made;
+  void* const made = make_();
+  if (pthread_setspecific(key, made) != 0) {
+    destroy_(made);
+    throw std::bad_alloc();
   }
-  return state.get();
+  return made;
 }
 
 }  // namespace ktpnaips::platform

@@ -52,7 +52,8 @@ struct SharedDocument {
   std::atomic<long> references{0};
 };
 
-/// Sets libxml2 up, once: it does so itself on first use, but not when two threads are the first.
+/// Sets libxml2 up, once, and for the calling thread: it does so itself on first use, but not when
+/// two threads are the first, and not when memory is short.
 void initialiseLibrary();
 
 /// The node after this one in document order, attributes not counted; null after the last.

@@ -6,8 +6,10 @@
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
+#include <libxml/threads.h>
 
 #include <cstddef>
+#include <cstdlib>
 #include <utility>
 
 namespace ktpnaips::xml {
@@ -123,12 +125,27 @@ void describe(xmlParserCtxtPtr parser, ParseFailure& failure) {
 
 }  // namespace
 
+namespace {
+
+/// libxml2 keeps a state for each thread, and goes on without one, or without an end, when there
+/// is no memory for it.
+void prepareThread() {
+  thread_local bool isPrepared = false;
+  if (isPrepared) return;
+  std::free(made(std::malloc(sizeof(xmlGlobalState))));  // so much of it is free
+  made(xmlGetGlobalState());
+  isPrepared = true;
+}
+
+}  // namespace
+
 void initialiseLibrary() {
   static const bool initialised = [] {
     xmlInitParser();
     return true;
   }();
   static_cast<void>(initialised);
+  prepareThread();
 }
 
 Document Document::parse(const std::string& text, ParseFailure* failure) {

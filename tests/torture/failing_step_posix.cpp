@@ -1,0 +1,577 @@
+#include "tests/torture/failing_step.h"
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <execinfo.h>
+#include <fcntl.h>
+#include <netdb.h>
+#include <pthread.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <new>
+#include <string_view>
+#include <type_traits>
+
+#include <poll.h>
+
+// What stands behind the allocation functions of this program.
+#ifdef __SANITIZE_ADDRESS__
+#define KTP_ALLOCATOR(name) __interceptor_##name  // NOLINT(cppcoreguidelines-macro-usage)
+#else
+#define KTP_ALLOCATOR(name) __libc_##name  // NOLINT(cppcoreguidelines-macro-usage)
+#endif
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+void* KTP_ALLOCATOR(malloc)(std::size_t size);
+void* KTP_ALLOCATOR(calloc)(std::size_t count, std::size_t size);
+void* KTP_ALLOCATOR(realloc)(void* block, std::size_t size);
+void* KTP_ALLOCATOR(memalign)(std::size_t alignment, std::size_t size);
+void KTP_ALLOCATOR(free)(void* block);
+}
+// NOLINTEND(bugprone-reserved-identifier)
+
+namespace ktpnaips::test {
+namespace {
+
+constexpr FallibleFunction mallocFunction{"malloc", {ENOMEM}};
+constexpr FallibleFunction callocFunction{"calloc", {ENOMEM}};
+constexpr FallibleFunction reallocFunction{"realloc", {ENOMEM}};
+constexpr FallibleFunction alignedFunction{"posix_memalign", {ENOMEM}};
+constexpr FallibleFunction newFunction{"operator new", {ENOMEM}};
+
+struct Spin {
+  void lock() {
+    while (flag.test_and_set(std::memory_order_acquire)) {
+    }
+  }
+  void unlock() { flag.clear(std::memory_order_release); }
+  std::atomic_flag flag;
+};
+
+/// The noted blocks by address, in a table that allocates nothing.
+class Blocks {
+ public:
+  void add(void* address, LiveBlock block) {
+    const std::lock_guard lock(spin_);
+    if (++count_ > slots_.size() / 2) std::abort();
+    std::size_t at = home(address);
+    while (slots_[at].address != nullptr) at = next(at);
+    slots_[at] = {address, block};
+  }
+
+  bool remove(const void* address) {
+    if (address == nullptr || count_.load(std::memory_order_relaxed) == 0) return false;
+    const std::lock_guard lock(spin_);
+    std::size_t at = home(address);
+    while (slots_[at].address != nullptr && slots_[at].address != address) at = next(at);
+    if (slots_[at].address == nullptr) return false;
+    --count_;
+    close(at);
+    return true;
+  }
+
+  void clear() {
+    const std::lock_guard lock(spin_);
+    slots_.fill({});
+    count_ = 0;
+  }
+
+  /// Calls `use` for each; it may not allocate.
+  template <class Use>
+  void forEach(Use use) {
+    const std::lock_guard lock(spin_);
+    for (const Slot& slot : slots_) {
+      if (slot.address != nullptr) use(slot.block);
+    }
+  }
+
+ private:
+  struct Slot {
+    void* address;
+    LiveBlock block;
+  };
+
+  [[nodiscard]] static std::size_t home(const void* address) {
+    const auto bits = reinterpret_cast<std::uintptr_t>(address);  // NOLINT: hashed
+    return (bits >> 4U) * 0x9E3779B97F4A7C15U >> (64U - slotBits);
+  }
+  [[nodiscard]] static std::size_t next(std::size_t at) { return (at + 1) % (1U << slotBits); }
+
+  /// Moves back what follows an emptied slot, so that no search ends at it too early.
+  void close(std::size_t hole) {
+    for (std::size_t at = next(hole); slots_[at].address != nullptr; at = next(at)) {
+      const std::size_t wanted = home(slots_[at].address);
+      const bool staysBehindHole =
+          hole < at ? wanted > hole && wanted <= at : wanted > hole || wanted <= at;
+      if (staysBehindHole) continue;
+      slots_[hole] = slots_[at];
+      hole = at;
+    }
+    slots_[hole].address = nullptr;
+  }
+
+  static constexpr unsigned slotBits = 18;
+  Spin spin_;
+  std::atomic<std::size_t> count_ = 0;
+  std::array<Slot, std::size_t{1} << slotBits> slots_{};
+};
+
+constinit Blocks blocks;
+std::array<std::atomic<bool>, 4096> descriptors{};
+
+thread_local bool isCounted = false;
+std::atomic<bool> isArmed = false;
+std::atomic<long> steps = 0;
+Failure plan;
+std::atomic<const FallibleFunction*> reached = nullptr;
+std::atomic<int> failedWith = 0;  // 0 as long as nothing has failed
+
+std::atomic<std::size_t> zeroedSize = 0;
+
+std::array<std::atomic<long>, 32> traced{};
+
+void traceIfWanted(long step) {
+  if (std::none_of(traced.begin(), traced.end(), [&](const auto& each) { return each == step; })) {
+    return;
+  }
+  std::array<void*, 60> frames{};
+  const Uncounted uncounted;
+  std::fprintf(stderr, "-- step %ld:\n", step);
+  backtrace_symbols_fd(frames.data(), backtrace(frames.data(), static_cast<int>(frames.size())),
+                       STDERR_FILENO);
+}
+
+bool counts() {
+  return isCounted && isArmed.load(std::memory_order_relaxed);
+}
+
+/// How this call of the function fails; 0 when it does not.
+int failureOf(const FallibleFunction& function) {
+  if (!counts()) return 0;
+  const long step = steps++;
+  traceIfWanted(step + 1);
+  if (step == plan.step) {
+    reached = &function;
+    failedWith = plan.way < function.errors.size() ? function.errors[plan.way] : 0;
+    return failedWith;
+  }
+  const bool goesOn =
+      plan.isLasting && failedWith != 0 &&
+      (reached == &function || (function.allocates() && reached.load()->allocates()));
+  return goesOn ? failedWith.load() : 0;
+}
+
+/// True, with `errno` set, when this call is to fail.
+bool fails(const FallibleFunction& function) {
+  const int error = failureOf(function);
+  if (error != 0) errno = error;
+  return error != 0;
+}
+
+void* noted(void* block, std::size_t size) {
+  if (block != nullptr && counts()) blocks.add(block, {steps, size});
+  return block;
+}
+
+int notedDescriptor(int descriptor) {
+  if (descriptor >= 0 && counts()) descriptors.at(static_cast<std::size_t>(descriptor)) = true;
+  return descriptor;
+}
+
+/// The function of that name in the libraries.
+template <class Function>
+Function* original(Function*, const char* name) {
+  const Uncounted uncounted;
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));  // NOLINT: what dlsym is for
+}
+
+/// How many bytes a transfer may take; with -1 it fails, with 0 it ends.
+template <class Transfer>
+ssize_t transferred(const FallibleFunction& function, std::size_t size, Transfer transfer) {
+  const int error = failureOf(function);
+  if (error == endOfStream) return 0;
+  if (error > 0) {
+    errno = error;
+    return -1;
+  }
+  return transfer(error == onlyOneByte ? std::min<std::size_t>(size, 1) : size);
+}
+
+struct Start {
+  void* (*routine)(void*);
+  void* argument;
+};
+
+void* countedThread(void* argument) {
+  const Start start = *static_cast<Start*>(argument);
+  KTP_ALLOCATOR(free)(argument);
+  isCounted = true;
+  return start.routine(start.argument);
+}
+
+}  // namespace
+
+bool FallibleFunction::allocates() const {
+  return errors.front() == ENOMEM;
+}
+
+FailingStep::FailingStep(const Failure& failure) {
+  plan = failure;
+  steps = 0;
+  reached = nullptr;
+  failedWith = 0;
+  zeroedSize = 0;
+  isCounted = true;
+  isArmed = true;
+}
+
+FailingStep::~FailingStep() {
+  isArmed = false;
+  isCounted = false;
+}
+
+StepsTaken stepsTaken() {
+  return {steps, reached, failedWith != 0, zeroedSize};
+}
+
+Uncounted::Uncounted() : before_(isCounted) {
+  isCounted = false;
+}
+
+Uncounted::~Uncounted() {
+  isCounted = before_;
+}
+
+std::vector<LiveBlock> someLiveBlocks() {
+  std::array<LiveBlock, 20> found;
+  std::size_t count = 0;
+  blocks.forEach([&](const LiveBlock& block) {
+    if (count < found.size()) found.at(count++) = block;
+  });
+  return {found.begin(), found.begin() + static_cast<std::ptrdiff_t>(count)};
+}
+
+int openDescriptors() {
+  return static_cast<int>(std::count(descriptors.begin(), descriptors.end(), true));
+}
+
+void forgetWhatIsThere() {
+  blocks.clear();
+  std::fill(descriptors.begin(), descriptors.end(), false);
+}
+
+void traceSteps(std::vector<long> wanted) {
+  wanted.resize(traced.size(), 0);
+  std::copy(wanted.begin(), wanted.end(), traced.begin());
+}
+
+}  // namespace ktpnaips::test
+
+using ktpnaips::test::alignedFunction;
+using ktpnaips::test::blocks;
+using ktpnaips::test::callocFunction;
+using ktpnaips::test::countedThread;
+using ktpnaips::test::counts;
+using ktpnaips::test::descriptors;
+using ktpnaips::test::endOfStream;
+using ktpnaips::test::fails;
+using ktpnaips::test::failureOf;
+using ktpnaips::test::FallibleFunction;
+using ktpnaips::test::mallocFunction;
+using ktpnaips::test::newFunction;
+using ktpnaips::test::noted;
+using ktpnaips::test::notedDescriptor;
+using ktpnaips::test::onlyOneByte;
+using ktpnaips::test::original;
+using ktpnaips::test::reallocFunction;
+using ktpnaips::test::Start;
+using ktpnaips::test::transferred;
+
+// Allocation.
+
+void* operator new(std::size_t size) {
+  void* const block = fails(newFunction)
+                          ? nullptr
+                          : noted(KTP_ALLOCATOR(malloc)(std::max<std::size_t>(size, 1)), size);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+
+void operator delete(void* block) noexcept {
+  std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept {
+  std::free(block);
+}
+
+extern "C" {
+
+void* malloc(std::size_t size) noexcept {
+  return fails(mallocFunction) ? nullptr : noted(KTP_ALLOCATOR(malloc)(size), size);
+}
+
+void* calloc(std::size_t count, std::size_t size) noexcept {
+  if (!fails(callocFunction)) return noted(KTP_ALLOCATOR(calloc)(count, size), count * size);
+  ktpnaips::test::zeroedSize = count * size;
+  return nullptr;
+}
+
+void* realloc(void* block, std::size_t size) noexcept {
+  if (fails(reallocFunction)) return nullptr;
+  const bool wasNoted = blocks.remove(block);
+  void* const moved = KTP_ALLOCATOR(realloc)(block, size);
+  if (moved != nullptr && (wasNoted || counts())) {
+    blocks.add(moved, {ktpnaips::test::steps, size});
+  }
+  return moved;
+}
+
+int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexcept {
+  if (fails(alignedFunction)) return ENOMEM;
+  *block = noted(KTP_ALLOCATOR(memalign)(alignment, size), size);
+  return *block != nullptr ? 0 : ENOMEM;
+}
+
+void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
+  return fails(alignedFunction) ? nullptr : noted(KTP_ALLOCATOR(memalign)(alignment, size), size);
+}
+
+void free(void* block) noexcept {
+  blocks.remove(block);
+  KTP_ALLOCATOR(free)(block);
+}
+
+// Files.
+
+int open(const char* path, int flags, ...) {
+  static constexpr FallibleFunction self{"open", {EACCES, ENOSPC, EMFILE, ENOENT, EROFS, EIO}};
+  static const auto next = original(&::open, "open");
+  std::va_list arguments;
+  va_start(arguments, flags);
+  const auto mode = va_arg(arguments, mode_t);
+  va_end(arguments);
+  return fails(self) ? -1 : notedDescriptor(next(path, flags, mode));
+}
+
+int mkostemps(char* path, int suffix, int flags) {
+  static constexpr FallibleFunction self{"mkostemps", {EACCES, ENOSPC, EMFILE}};
+  static const auto next = original(&::mkostemps, "mkostemps");
+  return fails(self) ? -1 : notedDescriptor(next(path, suffix, flags));
+}
+
+FILE* fopen(const char* path, const char* mode) {
+  static constexpr FallibleFunction self{"fopen", {EACCES, EMFILE}};
+  static const auto next = original(&::fopen, "fopen");
+  return fails(self) ? nullptr : next(path, mode);
+}
+
+FILE* fopen64(const char* path, const char* mode) {
+  static constexpr FallibleFunction self{"fopen64", {EACCES, EMFILE}};
+  static const auto next = original(&::fopen64, "fopen64");
+  return fails(self) ? nullptr : next(path, mode);
+}
+
+char* fgets(char* to, int size, FILE* file) {
+  static constexpr FallibleFunction self{"fgets", {EIO}};
+  static const auto next = original(&::fgets, "fgets");
+  return fails(self) ? nullptr : next(to, size, file);
+}
+
+std::size_t fread(void* to, std::size_t size, std::size_t count, FILE* file) {
+  static constexpr FallibleFunction self{"fread", {EIO}};
+  static const auto next = original(&::fread, "fread");
+  return fails(self) ? 0 : next(to, size, count, file);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept {
+  static constexpr FallibleFunction self{"mkdir", {EACCES, ENOSPC}};
+  static const auto next = original(&::mkdir, "mkdir");
+  return fails(self) ? -1 : next(path, mode);
+}
+
+int unlink(const char* path) noexcept {
+  static constexpr FallibleFunction self{"unlink", {EACCES}};
+  static const auto next = original(&::unlink, "unlink");
+  return fails(self) ? -1 : next(path);
+}
+
+int stat(const char* path, struct stat* status) noexcept {
+  static constexpr FallibleFunction self{"stat", {EACCES, EIO}};
+  static const auto next = original(&::stat, "stat");
+  return fails(self) ? -1 : next(path, status);
+}
+
+int lstat(const char* path, struct stat* status) noexcept {
+  static constexpr FallibleFunction self{"lstat", {EACCES, EIO}};
+  static const auto next = original(&::lstat, "lstat");
+  return fails(self) ? -1 : next(path, status);
+}
+
+int fstat(int descriptor, struct stat* status) noexcept {
+  static constexpr FallibleFunction self{"fstat", {EIO}};
+  static const auto next = original(&::fstat, "fstat");
+  return fails(self) ? -1 : next(descriptor, status);
+}
+
+DIR* opendir(const char* path) {
+  static constexpr FallibleFunction self{"opendir", {EACCES, EMFILE}};
+  static const auto next = original(&::opendir, "opendir");
+  return fails(self) ? nullptr : next(path);
+}
+
+dirent* readdir(DIR* folder) {
+  static constexpr FallibleFunction self{"readdir", {EIO}};
+  static const auto next = original(&::readdir, "readdir");
+  return fails(self) ? nullptr : next(folder);
+}
+
+ssize_t write(int descriptor, const void* bytes, std::size_t size) {
+  static constexpr FallibleFunction self{"write", {ENOSPC, EIO, EDQUOT, EFBIG, EINTR, onlyOneByte}};
+  static const auto next = original(&::write, "write");
+  return transferred(self, size, [&](std::size_t most) { return next(descriptor, bytes, most); });
+}
+
+ssize_t read(int descriptor, void* bytes, std::size_t size) {
+  static constexpr FallibleFunction self{"read", {EIO, EINTR}};
+  static const auto next = original(&::read, "read");
+  return transferred(self, size, [&](std::size_t most) { return next(descriptor, bytes, most); });
+}
+
+// A descriptor that cannot be closed is gone nevertheless, as Linux has it.
+int close(int descriptor) {
+  static constexpr FallibleFunction self{"close", {EIO, EINTR, ENOSPC}};
+  static const auto next = original(&::close, "close");
+  const bool hasFailed = fails(self);
+  const int error = errno;
+  if (descriptor >= 0) descriptors.at(static_cast<std::size_t>(descriptor)) = false;
+  const int result = next(descriptor);
+  if (hasFailed) errno = error;
+  return hasFailed ? -1 : result;
+}
+
+// Network and threads.
+
+int socket(int domain, int type, int protocol) noexcept {
+  static constexpr FallibleFunction self{"socket", {EMFILE, ENOBUFS, EACCES}};
+  static const auto next = original(&::socket, "socket");
+  return fails(self) ? -1 : notedDescriptor(next(domain, type, protocol));
+}
+
+int socketpair(int domain, int type, int protocol, int* pair) noexcept {
+  static constexpr FallibleFunction self{"socketpair", {EMFILE, ENFILE}};
+  static const auto next = original(&::socketpair, "socketpair");
+  if (fails(self)) return -1;
+  const int result = next(domain, type, protocol, pair);
+  if (result == 0) notedDescriptor(pair[0]);
+  if (result == 0) notedDescriptor(pair[1]);
+  return result;
+}
+
+int connect(int descriptor, const sockaddr* address, socklen_t size) {
+  static constexpr FallibleFunction self{"connect",
+                                         {ECONNREFUSED, ENETUNREACH, ETIMEDOUT, EADDRNOTAVAIL}};
+  static const auto next = original(&::connect, "connect");
+  return fails(self) ? -1 : next(descriptor, address, size);
+}
+
+ssize_t send(int descriptor, const void* bytes, std::size_t size, int flags) {
+  static constexpr FallibleFunction self{"send", {ECONNRESET, EPIPE, EAGAIN, EINTR, onlyOneByte}};
+  static const auto next = original(&::send, "send");
+  return transferred(self, size,
+                     [&](std::size_t most) { return next(descriptor, bytes, most, flags); });
+}
+
+ssize_t recv(int descriptor, void* bytes, std::size_t size, int flags) {
+  static constexpr FallibleFunction self{
+      "recv", {ECONNRESET, ETIMEDOUT, EAGAIN, EINTR, onlyOneByte, endOfStream}};
+  static const auto next = original(&::recv, "recv");
+  return transferred(self, size,
+                     [&](std::size_t most) { return next(descriptor, bytes, most, flags); });
+}
+
+int poll(pollfd* descriptorsToPoll, nfds_t count, int timeout) {
+  static constexpr FallibleFunction self{"poll", {ENOBUFS, EINTR}};
+  static const auto next = original(&::poll, "poll");
+  return fails(self) ? -1 : next(descriptorsToPoll, count, timeout);
+}
+
+int getsockopt(int descriptor, int level, int name, void* value, socklen_t* size) noexcept {
+  static constexpr FallibleFunction self{"getsockopt", {ENOBUFS}};
+  static const auto next = original(&::getsockopt, "getsockopt");
+  return fails(self) ? -1 : next(descriptor, level, name, value, size);
+}
+
+int setsockopt(int descriptor, int level, int name, const void* value, socklen_t size) noexcept {
+  static constexpr FallibleFunction self{"setsockopt", {ENOBUFS}};
+  static const auto next = original(&::setsockopt, "setsockopt");
+  return fails(self) ? -1 : next(descriptor, level, name, value, size);
+}
+
+int getpeername(int descriptor, sockaddr* address, socklen_t* size) noexcept {
+  static constexpr FallibleFunction self{"getpeername", {ENOBUFS, ENOTCONN}};
+  static const auto next = original(&::getpeername, "getpeername");
+  return fails(self) ? -1 : next(descriptor, address, size);
+}
+
+int getsockname(int descriptor, sockaddr* address, socklen_t* size) noexcept {
+  static constexpr FallibleFunction self{"getsockname", {ENOBUFS}};
+  static const auto next = original(&::getsockname, "getsockname");
+  return fails(self) ? -1 : next(descriptor, address, size);
+}
+
+int fcntl(int descriptor, int command, ...) {
+  static constexpr FallibleFunction self{"fcntl", {EINVAL}};
+  static const auto next = original(&::fcntl, "fcntl");
+  std::va_list arguments;
+  va_start(arguments, command);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  return fails(self) ? -1 : next(descriptor, command, argument);
+}
+
+int ioctl(int descriptor, unsigned long request, ...) noexcept {
+  static constexpr FallibleFunction self{"ioctl", {EINVAL}};
+  static const auto next = original(&::ioctl, "ioctl");
+  std::va_list arguments;
+  va_start(arguments, request);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  return fails(self) ? -1 : next(descriptor, request, argument);
+}
+
+// Every name is one of this machine, so that tests need no name server.
+int getaddrinfo(const char* node, const char* service, const addrinfo* hints, addrinfo** found) {
+  static constexpr FallibleFunction self{"getaddrinfo",
+                                         {EAI_AGAIN, EAI_NONAME, EAI_MEMORY, EAI_FAIL}};
+  static const auto next = original(&::getaddrinfo, "getaddrinfo");
+  const int error = failureOf(self);
+  return error != 0 ? error : next(counts() ? "127.0.0.1" : node, service, hints, found);
+}
+
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*routine)(void*),
+                   void* argument) noexcept {
+  static constexpr FallibleFunction self{"pthread_create", {EAGAIN}};
+  static const auto next = original(&::pthread_create, "pthread_create");
+  if (const int error = failureOf(self); error != 0) return error;
+  if (!counts()) return next(thread, attributes, routine, argument);
+  void* const memory = KTP_ALLOCATOR(malloc)(sizeof(Start));
+  if (memory == nullptr) return EAGAIN;
+  const int result = next(thread, attributes, countedThread, new (memory) Start{routine, argument});
+  if (result != 0) KTP_ALLOCATOR(free)(memory);
+  return result;
+}
+
+}  // extern "C"
