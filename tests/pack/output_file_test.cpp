@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -29,7 +30,7 @@ class OutputFiles : public testing::Test {
     std::ifstream stream(file());
     return {std::istreambuf_iterator<char>(stream), {}};
   }
-  [[nodiscard]] long filesThere() const {
+  [[nodiscard]] std::ptrdiff_t filesThere() const {
     return std::distance(fs::directory_iterator(folder_), fs::directory_iterator());
   }
 
