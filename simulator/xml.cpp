@@ -14,7 +14,7 @@ std::string toString(const xmlChar* text) {
 }
 
 std::string takeString(xmlChar* text) {
-  const std::string result = toString(text);
+  std::string result = toString(text);
   xmlFree(text);
   return result;
 }

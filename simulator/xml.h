@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-struct _xmlDoc;
-struct _xmlNode;
+struct _xmlDoc;   // NOLINT(bugprone-reserved-identifier): libxml2's
+struct _xmlNode;  // NOLINT(bugprone-reserved-identifier): libxml2's
 
 namespace sim {
 

@@ -244,6 +244,13 @@ TEST(XmlParsing, BindsANamespaceWhoseUriHasAnAmpersand) {
   EXPECT_EQ(document.documentElement().namespaceUri(), L"urn:x?a&b");
 }
 
+TEST(XmlParsing, SerialisesANamespaceWhoseUriHasMarkup) {
+  const std::string text = "<n:a xmlns:n=\"urn:x?a&amp;b&lt;c\"><n:b/></n:a>";
+  const Document document = Document::parse(text);
+  ASSERT_TRUE(document);
+  EXPECT_EQ(document.serialise(), text);
+}
+
 TEST(XmlParsing, SerialisesAPartWithTheNamespacesThatItHasFromAround) {
   const Document document = Document::parse(
       "<e xmlns='urn:e' xmlns:n='urn:n'><n:rsp a='1'><n:code>x</n:code></n:rsp></e>");
