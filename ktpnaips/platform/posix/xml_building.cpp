@@ -1,4 +1,5 @@
 #include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <optional>
 #include <string>
@@ -166,8 +168,11 @@ xmlNsPtr undeclared(SharedDocument& document, std::wstring_view uri) {
   for (; last->next != nullptr; last = last->next) {
     if (last->next->prefix == nullptr && isSame(last->next->href, uri)) return last->next;
   }
-  last->next = made(xmlNewNs(nullptr, storedText(document, uri), nullptr));
-  return last->next;
+  const MemoryWatch watch;
+  std::unique_ptr<xmlNs, FreeWith<xmlFreeNs>> space(
+      made(xmlNewNs(nullptr, storedText(document, uri), nullptr)));
+  watch.check();
+  return last->next = space.release();
 }
 
 xmlNsPtr attributeNamespace(SharedDocument& document, xmlNodePtr element, const char* prefix,

@@ -1,4 +1,5 @@
 #include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
@@ -152,13 +153,17 @@ void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
     utf8(reader, asChars(content));
     return;
   }
+  const MemoryWatch watch;
   const XmlText collected(xmlNodeGetContent(contentRoot(node)));
+  watch.check();
   utf8(reader, asChars(made(collected.get())));
 }
 
 Document Document::create() {
   initialiseLibrary();
+  const MemoryWatch watch;
   auto owner = std::make_unique<SharedDocument>(Tree(made(xmlNewDoc(asXml("1.0")))));
+  watch.check();
   return NodeAccess::makeDocument(owner.release());
 }
 

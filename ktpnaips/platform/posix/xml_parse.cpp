@@ -1,4 +1,5 @@
 #include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
 #include <ktpnaips/platform/xml_refusal.h>
@@ -123,10 +124,6 @@ void describe(xmlParserCtxtPtr parser, ParseFailure& failure) {
   failure.reason = text::fromUtf8(reason);
 }
 
-}  // namespace
-
-namespace {
-
 /// libxml2 keeps a state for each thread, and goes on without one, or without an end, when there
 /// is no memory for it.
 void prepareThread() {
@@ -141,7 +138,10 @@ void prepareThread() {
 
 void initialiseLibrary() {
   static const bool initialised = [] {
+    watchMemory();
+    const MemoryWatch watch;
     xmlInitParser();
+    watch.check();  // and once more with the next call
     return true;
   }();
   static_cast<void>(initialised);
@@ -154,6 +154,7 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   why.reason = refusalBeforeParsing(text);
   if (!why.reason.empty()) return {};
   initialiseLibrary();
+  const MemoryWatch watch;
   const ParserContext parser(made(xmlNewParserCtxt()));
   xmlCtxtUseOptions(parser.get(), options);
   Findings findings;
@@ -168,6 +169,7 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
     why.reason = findings.refusal;
     return {};
   }
+  if (xmlDictGetUsage(parser->dict) <= memoryForNames) watch.check();
   const bool isWellFormed = parser->wellFormed != 0 && parser->nsWellFormed != 0;
   if (!isWellFormed || parser->disableSAX != 0 || tree == nullptr) {
     describe(parser.get(), why);

@@ -1,4 +1,5 @@
 #include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
@@ -10,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <utility>
 
 namespace ktpnaips::xml {
 namespace {
@@ -99,11 +101,14 @@ void keepSilent(void*, xmlErrorPtr) {}
 
 xmlXPathContextPtr evaluationContext(SharedDocument& owner) {
   if (owner.xpath == nullptr) {
-    owner.xpath.reset(made(xmlXPathNewContext(owner.document.get())));
-    owner.xpath->error = keepSilent;
+    const MemoryWatch watch;
+    Context context(made(xmlXPathNewContext(owner.document.get())));
+    context->error = keepSilent;
     for (const auto& [prefix, uri] : owner.bindings) {
-      xmlXPathRegisterNs(owner.xpath.get(), asXml(prefix.c_str()), asXml(uri.c_str()));
+      xmlXPathRegisterNs(context.get(), asXml(prefix.c_str()), asXml(uri.c_str()));
     }
+    watch.check();
+    owner.xpath = std::move(context);
   }
   return owner.xpath.get();
 }
@@ -112,8 +117,9 @@ Result evaluate(SharedDocument& owner, xmlNodePtr node, std::string_view express
   const xmlXPathContextPtr context = evaluationContext(owner);
   context->node = node;
   const std::string text(expression);
+  const MemoryWatch watch;
   Result result(xmlXPathEvalExpression(asXml(text.c_str()), context));
-  if (result == nullptr && context->lastError.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+  watch.check();
   if (result == nullptr || result->type != XPATH_NODESET) {
     throw RuntimeFault(invalidExpression, L"The expression \"" + text::fromUtf8(expression) +
                                               L"\" does not select nodes.");

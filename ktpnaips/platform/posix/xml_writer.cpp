@@ -1,4 +1,5 @@
 #include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/xml.h>
 
@@ -19,7 +20,11 @@ using NodeCopy = std::unique_ptr<xmlNode, FreeWith<xmlFreeNode>>;
 NodeCopy partOfADocument(xmlNodePtr node) {
   const bool isPart = node->type == XML_ELEMENT_NODE && node->parent != nullptr &&
                       node->parent->type == XML_ELEMENT_NODE;
-  return isPart ? NodeCopy(made(xmlDocCopyNode(node, node->doc, 1))) : nullptr;
+  if (!isPart) return nullptr;
+  const MemoryWatch watch;
+  NodeCopy copy(made(xmlDocCopyNode(node, node->doc, 1)));
+  watch.check();
+  return copy;
 }
 
 /// Writes a tree, in the one form that all platforms send. Depth costs no stack.
