@@ -68,12 +68,12 @@ TEST(XmlDocument, IsWrittenTheSameOnEveryPlatform) {
   const Document document = Document::create();
   const Node root = document.appendElement(L"p:a", L"urn:<a&\"'b>", L"");
   root.setAttribute(L"x", L"", L"\u00e9\U0001F6E9 <>&\"'\t\n\r");
-  root.appendElement(L"p:b", L"urn:<a&\"'b>", L"\u00e9\U0001F6E9 <>&\"'\t\n\r");
+  root.appendElement(L"p:b", L"urn:<a&\"'b>", L"\u00e9\U0001F6E9 <>&\"'\t\n");
   root.appendElement(L"b", L"urn:b", L"").appendElement(L"c", L"urn:b", L"");
   EXPECT_EQ(document.serialise(),
             "<p:a xmlns:p=\"urn:&lt;a&amp;&quot;'b&gt;\" x=\"\xC3\xA9\xF0\x9F\x9B\xA9 "
             "&lt;&gt;&amp;&quot;'&#9;&#10;&#13;\"><p:b>\xC3\xA9\xF0\x9F\x9B\xA9 "
-            "&lt;&gt;&amp;\"'\t\n&#13;</p:b><b xmlns=\"urn:b\"><c/></b></p:a>");
+            "&lt;&gt;&amp;\"'\t\n</p:b><b xmlns=\"urn:b\"><c/></b></p:a>");
 }
 
 TEST(XmlDocument, IsWrittenWithAllThatWasParsed) {

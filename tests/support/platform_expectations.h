@@ -117,7 +117,7 @@ inline constexpr PlatformExpectations onWindows{
 
 inline constexpr PlatformExpectations onWine{
     .longestText = 10'000'000,
-    .mostLevels = 1'999,
+    .mostLevels = 257,
     .refusesUndeclaredPrefixes = false,
     .tellsWhereParsingStopped = false,
     .http =
