@@ -79,12 +79,19 @@ std::string send(http::Exchange& exchange, std::string_view body, CallWatch& wat
   }
 }
 
+/// Appends the body to the answer or, of one that is too long, why there is none.
 void readBody(http::Exchange& exchange, std::string& answer) {
+  const std::size_t start = answer.size();
   std::array<char, 2048> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
   for (;;) {
     const auto read = exchange.read(buffer.data(), buffer.size());
-    if (!read || *read == 0) return;
+    if (!read || *read == 0) break;
     answer.append(buffer.data(), *read);
+  }
+  if (const auto code = exchange.readFailure()) {
+    answer.erase(start);
+    answer.shrink_to_fit();
+    answer += stepFailed("InternetReadFile", code);
   }
 }
 
