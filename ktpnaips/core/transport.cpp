@@ -83,13 +83,20 @@ std::string send(http::Exchange& exchange, std::string_view body, CallWatch& wat
 // What a header may make us set aside; larger bodies grow beyond it by doubling.
 constexpr std::size_t mostSetAside = 128'000'000;
 
+/// Appends the body to the answer or, of one that is too long, why there is none.
 void readBody(http::Exchange& exchange, std::string& answer) {
+  const std::size_t start = answer.size();
   std::array<char, 2048> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
   answer.reserve(answer.size() + std::min(exchange.announcedSize(), mostSetAside));
   for (;;) {
     const auto read = exchange.read(buffer.data(), buffer.size());
-    if (!read || *read == 0) return;
+    if (!read || *read == 0) break;
     answer.append(buffer.data(), *read);
+  }
+  if (const auto code = exchange.readFailure()) {
+    answer.erase(start);
+    answer.shrink_to_fit();
+    answer += stepFailed("InternetReadFile", code);
   }
 }
 

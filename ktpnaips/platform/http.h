@@ -69,6 +69,9 @@ class Exchange {
   /// Reads at most `size` bytes of the body into `buffer` and says how many; 0 at the end. Nothing
   /// when reading failed.
   std::optional<std::size_t> read(char* buffer, std::size_t size);
+  /// After a read that failed: why what was read before is of no use; 0 when it is to be taken as
+  /// it is.
+  [[nodiscard]] ErrorCode readFailure() const;
 
  private:
   struct Handles;

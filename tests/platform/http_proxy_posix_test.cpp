@@ -131,6 +131,13 @@ TEST_F(HttpsProxy, ReportsAProxyThatCannotBeReached) {
   EXPECT_EQ(run(call()).code, 12029U);
 }
 
+TEST_F(HttpsProxy, ReportsAProxyThatDiesBeforeTheTunnelIsThere) {
+  const RawServer proxy([](Peer& peer) { peer.readHead(); });
+  const ScopedProxy use(address(proxy));
+  EXPECT_EQ(run(call()).code, 12030U);
+  EXPECT_EQ(proxy.connections(), 1);
+}
+
 TEST_F(HttpsProxy, ReportsAFailureInsideTheTunnelAndNotTheProxysSuccess) {
   const RawServer proxy([](Peer& peer) {
     peer.readHead();

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/platform_expectations.h"
+
 namespace ktpnaips::test {
 namespace {
 
@@ -34,6 +36,13 @@ TEST_F(HttpProxy, GoesDirectWhenTheRouteNamesAnAddress) {
   call.route.connectTo = server.address();
   EXPECT_EQ(run(call).status, "200");
   EXPECT_EQ(proxy.connections(), 0);
+}
+
+TEST_F(HttpProxy, ReportsAProxyThatDiesWithTheRequest) {
+  const RawServer proxy([](Peer& peer) { peer.readRequest(); });
+  const ScopedProxy use(address(proxy));
+  EXPECT_EQ(run({}).code, expectations().http.noAnswer);
+  EXPECT_EQ(proxy.connections(), 1);
 }
 
 TEST_F(HttpProxy, ReturnsA407WhenNobodyLogsIn) {

@@ -218,6 +218,19 @@ TEST_F(HttpTls, ReportsAResetInTheHandshake) {
   EXPECT_EQ(run(callTo(server)).code, 12031U);
 }
 
+TEST_F(HttpTls, TellsAFailureOfTlsFromTheResetBeforeIt) {
+  const RawServer server({[](Peer& peer) {
+                            peer.waitForBytes();
+                            peer.reset();
+                          },
+                          [](Peer& peer) {
+                            peer.write("HTTP/1.1 400 Bad\r\n\r\n");
+                            peer.waitForClose();
+                          }});
+  EXPECT_EQ(run(callTo(server)).code, 12031U);
+  EXPECT_EQ(run(callTo(server)).code, 12157U);
+}
+
 TEST_F(HttpTls, GivesTheHandshakeTheSendTimeOutAndNotTheConnectTimeOut) {
   const RawServer server([context = authority_.server({})](Peer& peer) {
     std::this_thread::sleep_for(std::chrono::milliseconds(900));

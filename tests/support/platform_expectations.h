@@ -38,6 +38,7 @@ struct HttpExpectations {
   bool passesOverEarlyHints;
   bool followsRedirects;
   bool mayTakeAResetForNoAnswer;  ///< it depends on the moment
+  int mostRepetitions;  ///< of a request that found a kept connection dead
   std::span<const std::uint32_t> codesWithoutText;
 
   [[nodiscard]] bool isReset(std::uint32_t code) const {
@@ -83,6 +84,7 @@ inline constexpr PlatformExpectations onPosix{
             .passesOverEarlyHints = true,
             .followsRedirects = false,
             .mayTakeAResetForNoAnswer = false,
+            .mostRepetitions = 0,
             .codesWithoutText = {},
         },
 };
@@ -111,6 +113,7 @@ inline constexpr PlatformExpectations onWindows{
             .passesOverEarlyHints = false,
             .followsRedirects = true,
             .mayTakeAResetForNoAnswer = false,
+            .mostRepetitions = 2,
             .codesWithoutText = {},
         },
 };
@@ -138,6 +141,7 @@ inline constexpr PlatformExpectations onWine{
             .passesOverEarlyHints = false,
             .followsRedirects = true,
             .mayTakeAResetForNoAnswer = true,
+            .mostRepetitions = 2,
             .codesWithoutText = codesWithoutTextUnderWine,
         },
 };

@@ -2,6 +2,7 @@
 #include "tests/support/http_call.h"
 #include "tests/support/proxy_settings.h"
 #include "tests/support/raw_server.h"
+#include "tests/support/settings.h"
 #include "tests/system/simulator.h"
 
 #include <ktpnaips/core/authenticate.h>
@@ -116,6 +117,11 @@ class SubmitThroughSquid : public SquidProxy {
   }
   ~SubmitThroughSquid() override { Deployment::use(outer_); }
 
+  [[nodiscard]] std::size_t requestsAtTheService() const {
+    const test::ScopedDeployment direct(outer_);
+    return simulator::requestCount() - before;
+  }
+
  private:
   Deployment outer_ = Deployment::current();
 };
@@ -126,6 +132,7 @@ TEST_F(SubmitThroughSquid, ASubmitIsAnsweredByTheServiceOnceLoggedIn) {
   EXPECT_FALSE(response->Error()) << text::toUtf8(response->ErrorText());
   EXPECT_FALSE(response->Name().empty());
   EXPECT_EQ(timesAsked, 1);
+  EXPECT_EQ(requestsAtTheService(), 1U);
 }
 
 TEST_F(SubmitThroughSquid, ASubmitReportsTheProxysAnswerWithItsHeadersWhenNobodyLogsIn) {

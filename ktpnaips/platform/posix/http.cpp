@@ -159,4 +159,8 @@ std::optional<std::size_t> Exchange::read(char* buffer, std::size_t size) {
   return handles_->transfer ? handles_->transfer->read(buffer, size) : std::nullopt;
 }
 
+ErrorCode Exchange::readFailure() const {
+  return handles_->transfer ? handles_->transfer->readFailure() : 0;
+}
+
 }  // namespace ktpnaips::http

@@ -85,6 +85,9 @@ ErrorCode codeOf(CURLcode result, long systemError) {
     case CURLE_UNSUPPORTED_PROTOCOL:
     case CURLE_WEIRD_SERVER_REPLY:
     case CURLE_BAD_CONTENT_ENCODING:
+#if LIBCURL_VERSION_NUM >= 0x080600
+    case CURLE_TOO_LARGE:
+#endif
       return error::invalidServerResponse;
     case CURLE_SSL_CONNECT_ERROR:
       return isReset(systemError) ? error::connectionReset : error::secureChannelError;
@@ -126,11 +129,18 @@ ErrorCode Transfer::send(const RequestSettings& settings, std::string_view body)
     return 0;
   }
   answer_.clear();
-  if (result_ == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
+  // What libcurl 7.88 says of a header that is longer than it takes.
+  if (result_ == CURLE_OUT_OF_MEMORY && ready_) excess_ = "a header is longer than 100 KB";
+  if (result_ == CURLE_OUT_OF_MEMORY && !ready_) throw std::bad_alloc();
   return failure();
 }
 
 void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
+  // After a failure libcurl keeps the system's error number, also for failures that have none.
+  if (result_ != CURLE_OK) {
+    stop();
+    easy_.reset(newEasy());
+  }
   begin();
   forgetTicketsOfOtherPolicy(settings.certificates.ignoreDates);
   curl_easy_reset(easy_.get());
@@ -156,6 +166,8 @@ void Transfer::begin() {
   answer_.clear();
   progress_ = Progress();
   received_ = 0;
+  headerBytes_ = bodyBytes_ = 0;
+  excess_ = {};
   sockets_.fill(-1);
   filled_ = taken_ = 0;
   thrown_ = nullptr;
@@ -318,6 +330,7 @@ bool Transfer::proxyRefusedTunnel() const {
 }
 
 ErrorCode Transfer::failure() const {
+  if (!excess_.empty()) return readFailure();
   const std::string text = errorText_.front() != '\0' || result_ == CURLE_OK
                                ? errorText_.data()
                                : curl_easy_strerror(result_);
@@ -338,6 +351,10 @@ std::optional<std::size_t> Transfer::read(char* to, std::size_t size) {
   if (count != 0) std::memcpy(to, buffer_.get() + taken_, count);
   taken_ += count;
   return count;
+}
+
+ErrorCode Transfer::readFailure() const {
+  return excess_.empty() ? 0 : error::fail(error::invalidServerResponse, excess_);
 }
 
 void Transfer::refill() {
@@ -368,6 +385,11 @@ std::size_t Transfer::onHeader(char* data, std::size_t size, std::size_t count, 
   auto& transfer = *static_cast<Transfer*>(self);
   try {
     ++transfer.received_;
+    transfer.headerBytes_ += size * count;
+    if (transfer.headerBytes_ > longestHeaders) {
+      transfer.excess_ = "its headers are longer than 256 KB";
+      return 0;
+    }
     transfer.answer_.add({data, size * count});
     return size * count;
   } catch (...) {
@@ -382,6 +404,11 @@ std::size_t Transfer::onBody(char* data, std::size_t size, std::size_t count, vo
   if (length > bufferSize - transfer.filled_) {
     transfer.paused_ = true;
     return CURL_WRITEFUNC_PAUSE;
+  }
+  transfer.bodyBytes_ += length;
+  if (transfer.bodyBytes_ > longestBody) {
+    transfer.excess_ = "it is longer than 256 MB";
+    return 0;
   }
   std::memcpy(transfer.buffer_.get() + transfer.filled_, data, length);
   transfer.filled_ += length;

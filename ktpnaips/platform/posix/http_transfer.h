@@ -19,6 +19,10 @@
 
 namespace ktpnaips::http {
 
+/// The longest headers, provisional answers and all, and the longest body that are read, in bytes.
+inline constexpr std::size_t longestHeaders = 256 * 1024;
+inline constexpr std::size_t longestBody = 256 * 1024 * 1024;
+
 /// An account for the proxy that the environment names.
 struct ProxyAccount {
   std::string proxyUrl;
@@ -64,6 +68,8 @@ class Transfer {
   ErrorCode send(const RequestSettings& settings, std::string_view body);
   [[nodiscard]] std::size_t announcedSize() const;
   std::optional<std::size_t> read(char* to, std::size_t size);
+  /// Once reading has failed: the code of an answer that is too long, otherwise 0.
+  [[nodiscard]] ErrorCode readFailure() const;
   /// Ends the request that is under way, if any, and closes its connection.
   void stop();
   [[nodiscard]] const AnswerHeaders& answer() const { return answer_; }
@@ -133,6 +139,9 @@ class Transfer {
   Progress progress_;
   Clock::time_point lastProgress_;
   std::uint64_t received_ = 0;
+  std::size_t headerBytes_ = 0;
+  std::size_t bodyBytes_ = 0;
+  std::string_view excess_;  ///< what is too long of the answer; empty while nothing is
   std::exception_ptr thrown_;
   std::array<curl_socket_t, 4> sockets_{};  ///< the last that were opened, -1 for none
   CURLcode result_ = CURLE_OK;

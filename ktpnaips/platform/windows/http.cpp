@@ -155,6 +155,10 @@ std::optional<std::size_t> Exchange::read(char* buffer, std::size_t size) {
   return length;
 }
 
+ErrorCode Exchange::readFailure() const {
+  return ERROR_SUCCESS;
+}
+
 std::wstring errorMessage(ErrorCode code) {
   return systemText(FORMAT_MESSAGE_FROM_HMODULE | FORMAT_MESSAGE_FROM_SYSTEM,
                     GetModuleHandleA("wininet.dll"), code);

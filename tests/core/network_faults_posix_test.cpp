@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+#include <openssl/ssl.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "tests/core/network_faults.h"
+#include "tests/support/network_faults.h"
+#include "tests/support/raw_server.h"
+#include "tests/support/test_certificates.h"
+
+namespace ktpnaips::test {
+namespace {
+
+/// The same over HTTPS, for which the tests have a server here only.
+class SecureNetworkFaults : public testing::TestWithParam<NetworkFault> {
+ protected:
+  [[nodiscard]] RawServer::Script secured(RawServer::Script script) const {
+    return [script, context = authority_.server({})](Peer& peer) {
+      peer.startTls(context.get());
+      script(peer);
+    };
+  }
+
+  CertificateAuthority authority_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Https, SecureNetworkFaults, testing::ValuesIn(networkFaults()),
+                         nameOfFault);
+
+TEST_P(SecureNetworkFaults, ShowTheHostWhatHappened) {
+  const RawServer server(secured(GetParam().misbehave));
+  const SubmitsTo there(server.address(), GetParam().receiveLimit, authority_.file());
+  expectSeen(fileFlightPlan(), GetParam().expected());
+}
+
+TEST_P(SecureNetworkFaults, LetAFilingReachTheServerOnceAtMost) {
+  const RawServer server({secured([](Peer& peer) {
+                            peer.readRequest();
+                            peer.write(goodAnswer());
+                          }),
+                          secured(GetParam().misbehave)});
+  const SubmitsTo there(server.address(), GetParam().receiveLimit, authority_.file());
+  EXPECT_FALSE(fileFlightPlan().isError);
+  fileFlightPlan();
+  EXPECT_EQ(server.connections(), 2);
+}
+
+/// Faults of TLS itself.
+class TlsFaults : public testing::Test {
+ protected:
+  SubmitOutcome fileTo(const RawServer& server) const {
+    const SubmitsTo there(server.address(), 20'000, authority_.file());
+    SubmitOutcome outcome = fileFlightPlan();
+    EXPECT_EQ(server.connections(), 1);
+    return outcome;
+  }
+
+  CertificateAuthority authority_;
+};
+
+TEST_F(TlsFaults, ShowAClosedHandshake) {
+  const RawServer server([](Peer& peer) { peer.waitForBytes(); });
+  expectSeen(fileTo(server), failed(12031));
+}
+
+TEST_F(TlsFaults, ShowAHandshakeThatEndsInItsMiddle) {
+  const RawServer server([](Peer& peer) {
+    // The start of a record of 74 bytes, a server's first.
+    peer.write({"\x16\x03\x03\x00\x4a\x02\x00\x00\x46\x03\x03", 11});
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    peer.reset();
+  });
+  expectSeen(fileTo(server), failed(12031));
+}
+
+TEST_F(TlsFaults, ShowAServerThatSpeaksTls10Only) {
+  const RawServer server([context = authority_.server({})](Peer& peer) {
+    SSL_CTX_set_security_level(context.get(), 0);
+    SSL_CTX_set_min_proto_version(context.get(), TLS1_VERSION);
+    SSL_CTX_set_max_proto_version(context.get(), TLS1_VERSION);
+    peer.startTls(context.get());
+    peer.readRequest();
+    peer.write(goodAnswer());
+  });
+  expectSeen(fileTo(server), failed(12157));
+}
+
+TEST_F(TlsFaults, ShowABodyThatEndsWithTheConnectionWithoutAGoodbye) {
+  const RawServer server([context = authority_.server({})](Peer& peer) {
+    SSL_CTX_set_quiet_shutdown(context.get(), 1);
+    peer.startTls(context.get());
+    peer.readRequest();
+    peer.write("HTTP/1.0 200 OK\r\nContent-Type: text/xml\r\n\r\n" + goodBody().substr(0, 50));
+  });
+  expectSeen(fileTo(server), shown(L"<?xml"));
+}
+
+}  // namespace
+}  // namespace ktpnaips::test

@@ -1,0 +1,11 @@
+#include "tests/load/memory.h"
+
+#include <windows.h>
+
+#include <psapi.h>
+
+Memory Memory::now() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  if (GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters) == 0) return {};
+  return {counters.PagefileUsage, counters.WorkingSetSize};
+}
