@@ -208,8 +208,8 @@ TEST(Load, SixtyFourAccountsAndModesGetTheirOwnAnswersEachOnce) {
   EXPECT_EQ(requests, static_cast<std::size_t>(submits));
   EXPECT_EQ(temporaryFiles(), temporaryBefore);
   EXPECT_TRUE(failures.reports().empty()) << text::toUtf8(failures.reports().front());
-  EXPECT_LE(late.inUse, early.inUse + mostGrowth);
-  EXPECT_LE(late.resident, early.resident + mostGrowth);
+  EXPECT_LE(late.inUse, early.inUse + mostGrowth.inUse);
+  EXPECT_LE(late.resident, early.resident + mostGrowth.resident);
   std::cout << submits << " submits of " << threadCount << " threads; resident "
             << early.resident / 1024 << " KB after a quarter, " << late.resident / 1024
             << " KB at the end; in use " << early.inUse / 1024 << " and " << late.inUse / 1024

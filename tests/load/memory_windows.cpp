@@ -7,5 +7,5 @@
 Memory Memory::now() {
   PROCESS_MEMORY_COUNTERS counters{};
   if (GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters) == 0) return {};
-  return {counters.PagefileUsage, counters.WorkingSetSize};
+  return {0, counters.WorkingSetSize};
 }
