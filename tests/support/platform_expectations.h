@@ -38,7 +38,7 @@ struct HttpExpectations {
   bool passesOverEarlyHints;
   bool followsRedirects;
   bool mayTakeAResetForNoAnswer;  ///< it depends on the moment
-  int mostRepetitions;  ///< of a request that found a kept connection dead
+  int mostRepetitions;            ///< of a request that found a kept connection dead
   std::span<const std::uint32_t> codesWithoutText;
 
   [[nodiscard]] bool isReset(std::uint32_t code) const {
