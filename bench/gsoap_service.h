@@ -1,11 +1,12 @@
 // The service for soapcpp2, which makes gSOAP's code and the WSDL that zeep reads of it. Texts are
 // wide, as hosts of the library read them.
-// gsoap ndd service name: naips
-// gsoap ndd service style: document
-// gsoap ndd service encoding: literal
-// gsoap ndd service namespace: http://bench.example/naips/xsd
-// gsoap ndd schema namespace: http://bench.example/naips/xsd
-// gsoap ndd schema elementForm: qualified
+// clang-format off
+//gsoap ndd service name: naips
+//gsoap ndd service style: document
+//gsoap ndd service encoding: literal
+//gsoap ndd service namespace: http://bench.example/naips/xsd
+//gsoap ndd schema namespace: http://bench.example/naips/xsd
+//gsoap ndd schema elementForm: qualified
 #import "stl.h"
 
 class xsd__base64Binary {
@@ -42,7 +43,7 @@ class ndd__product {
 
 class _ndd__loc_brief_rsp {
   @std::string status;
-  std::wstring content 0 : 1;
+  std::wstring content 0:1;
   std::vector<ndd__product> product 0;
 };
 
@@ -68,5 +69,7 @@ class _ndd__route_dir_rsp {
 
 int __ndd__authenticate(_ndd__authenticate_rqs* ndd__authenticate_rqs,
                         _ndd__authenticate_rsp& ndd__authenticate_rsp);
-int __ndd__brief(_ndd__loc_brief_rqs* ndd__loc_brief_rqs, _ndd__loc_brief_rsp& ndd__loc_brief_rsp);
-int __ndd__routes(_ndd__route_dir_rqs* ndd__route_dir_rqs, _ndd__route_dir_rsp& ndd__route_dir_rsp);
+int __ndd__brief(_ndd__loc_brief_rqs* ndd__loc_brief_rqs,
+                 _ndd__loc_brief_rsp& ndd__loc_brief_rsp);
+int __ndd__routes(_ndd__route_dir_rqs* ndd__route_dir_rqs,
+                  _ndd__route_dir_rsp& ndd__route_dir_rsp);
