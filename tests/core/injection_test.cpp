@@ -2,7 +2,6 @@
 #include <ktpnaips/briefing/charts.h>
 #include <ktpnaips/briefing/notams.h>
 #include <ktpnaips/core/authenticate.h>
-#include <ktpnaips/core/deployment.h>
 #include <ktpnaips/core/groups.h>
 #include <ktpnaips/core/naips_config.h>
 #include <ktpnaips/core/password.h>
@@ -130,24 +129,6 @@ TEST_P(Injection, SendsNothingOfATextThatXmlCannotHold) {
     EXPECT_TRUE(sentWith(text).empty());
     ASSERT_EQ(failures.reports().size(), 1U);
     EXPECT_TRUE(failures.reports()[0].starts_with(L"Error 5 (")) << text::toUtf8(text);
-  }
-}
-
-TEST(InjectionByTheHostName, SendsNothing) {
-  for (const std::wstring& host :
-       {std::wstring(L"naips.example\r\nX-Evil: 1"), std::wstring(L"naips.example\0.other", 20),
-        std::wstring(L"user:password@naips.example"), std::wstring(L"naips.example?x"),
-        std::wstring(L"naips.example#x"), std::wstring(L"naips.example other")}) {
-    const RawServer server([](Peer& peer) { peer.waitForClose(); });
-    const SubmitsTo there(server.address(), 20'000);
-    Deployment deployment = Deployment::current();
-    deployment.proxyHost = host;
-    const ScopedDeployment hostile(deployment);
-    const SubmitOutcome outcome = fileFlightPlan();
-    EXPECT_TRUE(outcome.isError);
-    EXPECT_NE(outcome.errorText.find(L"  Dec: 12007\t"), std::wstring::npos)
-        << text::toUtf8(outcome.errorText);
-    EXPECT_EQ(server.connections(), 0);
   }
 }
 
