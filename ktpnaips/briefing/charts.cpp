@@ -7,6 +7,8 @@
 #include <ktpnaips/core/xml_building.h>
 #include <ktpnaips/platform/files.h>
 
+#include <algorithm>
+
 namespace ktpnaips {
 
 using modBrevank::addElement;
@@ -24,6 +26,12 @@ void readDescription(const xml::Node& from, ChartDescriptor& chart) {
   readText(from, "naips:name", chart.Name);
   readDateTime(from, "naips:store-time", chart.StoreTime);
   readText(from, "naips:type", chart.ProductType);
+}
+
+/// Whether the description lists that resolution.
+bool comesIn(const xml::Node& description, std::wstring_view resolution) {
+  const auto listed = description.selectAll("naips:res/naips:product-res");
+  return std::ranges::any_of(listed, [&](const auto& each) { return each.text() == resolution; });
 }
 
 void readProduct(const xml::Node& from, Product& product) {
@@ -71,12 +79,10 @@ void GetChartRsp::extractData() {
     const xml::Node payload = Payload();
     const xml::Node description = payload.select("naips:desc");
     readDescription(description, *chart);
-    const auto comesIn = [&](std::string_view resolution) {
-      return static_cast<bool>(description.select(resolution));
-    };
-    chart->LowRes(comesIn("naips:res[naips:product-res = 'LO']"));
-    chart->HighRes(comesIn("naips:res[naips:product-res = 'HI']"));
-    for (const xml::Node& content : payload.selectAll("//naips:content[naips:content]")) {
+    chart->LowRes(comesIn(description, L"LO"));
+    chart->HighRes(comesIn(description, L"HI"));
+    for (const xml::Node& content : payload.selectAll("//naips:content")) {
+      if (!content.select("naips:content")) continue;
       const auto& product = append(std::make_shared<Product>());
       readProduct(content, *product);
     }

@@ -114,6 +114,14 @@ Scenario refusedLogin() {
   return made;
 }
 
+Scenario faultyLogin() {
+  Scenario made = login("FaultyLogin", Way::http);
+  made.answer = answer(
+      "<s:Fault><faultcode>s:Server</faultcode><faultstring>The service is out of order for some "
+      "time</faultstring></s:Fault>");
+  return made;
+}
+
 Scenario observedLogin() {
   Scenario made = login("ObservedLogin", Way::http);
   made.isObserved = true;
@@ -522,6 +530,7 @@ std::vector<Scenario> scenarios() {
           login("LoginOverHttps", Way::https),
           login("LoginAtANamedHost", Way::named),
           refusedLogin(),
+          faultyLogin(),
           observedLogin(),
           passwordChange(),
           areaBriefing(),

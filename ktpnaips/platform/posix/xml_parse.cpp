@@ -45,6 +45,8 @@ void refuse(xmlParserCtxtPtr parser, std::wstring_view reason) {
   xmlStopParser(parser);
 }
 
+void keepSilent(void*, xmlErrorPtr) {}
+
 /// Stops at a document type declaration in an encoding that only the parser can read.
 void refuseDoctype(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
   refuse(static_cast<xmlParserCtxtPtr>(context), doctypeRefused);
@@ -160,6 +162,7 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   Findings findings;
   parser->_private = &findings;
   parser->sax->internalSubset = refuseDoctype;
+  parser->sax->serror = keepSilent;  // it would print what it failed at, whatever the options
   parser->sax->startElementNs = startElement;
   parser->sax->characters = parser->sax->ignorableWhitespace = addText;
   parser->loadsubset |= XML_SKIP_IDS;
