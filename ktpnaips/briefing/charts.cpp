@@ -5,7 +5,6 @@
 #include <ktpnaips/core/loading.h>
 #include <ktpnaips/core/operation.h>
 #include <ktpnaips/core/xml_building.h>
-#include <ktpnaips/platform/files.h>
 
 #include <algorithm>
 
@@ -40,7 +39,7 @@ void readProduct(const xml::Node& from, Product& product) {
   std::string bytes;
   from.select("naips:content").readText([&](auto base64) { bytes = Enc64::MyDecode(base64); });
   product.FilePath(sharedTempFiles().CreateTempFile(L"KTP"));
-  files::write(product.FilePath(), files::Create::orTruncate, bytes);
+  TempFileManager::writeTemporary(product.FilePath(), bytes);
 }
 
 }  // namespace

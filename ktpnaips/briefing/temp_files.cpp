@@ -49,7 +49,7 @@ std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::ws
 std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::wstring& path,
                                            std::string_view bytes, FreePaths& paths) const {
   if (isTemporary(path)) {
-    files::write(path, files::Create::orTruncate, bytes);
+    writeTemporary(path, bytes);
     return path;
   }
   if (!files::isPlainName(name)) throw RuntimeFault(fault::badFileName);
@@ -58,6 +58,15 @@ std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::ws
     target = paths.chooseAfter(name, target);
   }
   return target;
+}
+
+void TempFileManager::writeTemporary(const std::wstring& path, std::string_view bytes) {
+  try {
+    files::write(path, files::Create::orTruncate, bytes);
+  } catch (...) {  // the empty file would pass for the product
+    files::remove(path);
+    throw;
+  }
 }
 
 TempFileManager& sharedTempFiles() {

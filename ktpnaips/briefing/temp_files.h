@@ -37,6 +37,10 @@ class TempFileManager {
   std::wstring writeProduct(std::wstring_view name, const std::wstring& path,
                             std::string_view bytes, FreePaths& paths) const;
 
+  /// Writes a product at the path of a temporary file, which is gone when that fails. Throws fault
+  /// 61, 70, 75 or 76.
+  static void writeTemporary(const std::wstring& path, std::string_view bytes);
+
  private:
   [[nodiscard]] bool isTemporary(std::wstring_view path) const;
 

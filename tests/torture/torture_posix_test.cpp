@@ -158,6 +158,10 @@ bool holds(std::wstring_view text, std::wstring_view part) {
   return text.find(part) != std::wstring_view::npos;
 }
 
+std::wstring_view firstLine(std::wstring_view text) {
+  return text.substr(0, text.find(L'\r'));
+}
+
 /// The fault that a failing call for a file shows as.
 std::wstring faultOfFile(int error) {
   switch (error) {
@@ -364,7 +368,10 @@ class Torture : public testing::TestWithParam<Scenario> {
       result.problems.push_back(nameOfStep(result.steps) + " failed: " + what + ": " +
                                 described(seen));
     };
-    judgeFiles(seen, complain);
+    // Without any memory an empty file cannot even be removed.
+    const bool mayBeEmpty =
+        failure.isLasting && result.steps.hasFailed && result.steps.at->allocates();
+    judgeFiles(seen, mayBeEmpty, complain);
     for (std::size_t i = 0; i < seen.reports.size(); ++i) {
       if (!isDue(seen.reports[i], i > 0, result.steps, failure)) complain("no report of the rule");
     }
@@ -386,7 +393,7 @@ class Torture : public testing::TestWithParam<Scenario> {
       result.outcome = "error, reported";
       const bool isOfTheRule = seen.errorText.starts_with(L"No response set") ||
                                seen.errorText.starts_with(unrecognised) ||
-                               expected_.errorText.starts_with(seen.errorText);
+                               holds(expected_.errorText, firstLine(seen.errorText));
       if (!isOfTheRule) complain("no error text of the rule");
     } else {
       result.outcome = "error text";
@@ -405,12 +412,13 @@ class Torture : public testing::TestWithParam<Scenario> {
   }
 
   template <class Complain>
-  void judgeFiles(const Seen& seen, Complain complain) const {
+  void judgeFiles(const Seen& seen, bool mayBeEmpty, Complain complain) const {
     const auto& products = GetParam().products;
     const auto isWhole = [&](const std::string& content) {
       return std::find(products.begin(), products.end(), content) != products.end();
     };
     for (const auto& [path, content] : seen.namedFiles) {
+      if (mayBeEmpty && content.empty()) continue;
       if (!isWhole(content)) complain("names a file that is not whole: " + path);
     }
     for (const auto& [name, content] : seen.dataFiles) {
@@ -449,8 +457,8 @@ class Torture : public testing::TestWithParam<Scenario> {
     if (isLater && (fault == noPath || fault.starts_with(L"Error 91 "))) return true;
     if (steps.at->allocates()) return fault == L"Error 7 (Out of memory)";
     const std::string_view function = steps.at->name;
-    const bool makesFolders = function == "mkdir" || function == "stat";
-    return fault == (makesFolders ? noPath : faultOfFile(steps.at->errors.at(failure.way)));
+    const bool makesPath = function == "mkdir" || function == "stat" || function == "mkostemps";
+    return fault == (makesPath ? noPath : faultOfFile(steps.at->errors.at(failure.way)));
   }
 
   void judgeRequests(std::size_t before, const Seen& failed, Iteration& result) {

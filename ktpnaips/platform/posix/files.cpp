@@ -117,7 +117,13 @@ std::wstring createTemporary(std::wstring_view prefix) {
   if (path.size() >= longestTemporaryFolder) return {};
   path += text::toUtf8(prefix) + "XXXXXX.tmp";
   const Descriptor file(::mkostemps(path.data(), 4, O_CLOEXEC));
-  return file.get() >= 0 ? text::fromUtf8(path) : std::wstring();
+  if (file.get() < 0) return {};
+  try {
+    return text::fromUtf8(path);
+  } catch (...) {  // nobody would know of it
+    ::unlink(path.c_str());
+    throw;
+  }
 }
 
 std::wstring applicationDataFolder() {

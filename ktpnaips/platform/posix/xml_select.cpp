@@ -20,9 +20,9 @@ using Result = std::unique_ptr<xmlXPathObject, FreeWith<xmlXPathFreeObject>>;
 
 constexpr auto invalidExpression = static_cast<std::int32_t>(0x80004005U);
 
-/// One step of a plain child path: "prefix:name".
+/// One step of a plain child path: "prefix:name", or "name" for one without a namespace.
 struct Step {
-  std::string_view uri;
+  std::string_view uri;  ///< empty for none
   std::string_view name;
 };
 
@@ -51,7 +51,7 @@ class PlainPath {
 
   [[nodiscard]] bool matches(std::size_t step, const xmlNode* node) const {
     return node->type == XML_ELEMENT_NODE && isSame(steps_[step].name, node->name) &&
-           node->ns != nullptr && isSame(steps_[step].uri, node->ns->href);
+           isIn(node->ns, steps_[step].uri);
   }
 
  private:
@@ -59,14 +59,26 @@ class PlainPath {
     return std::strncmp(text.data(), asChars(other), text.size()) == 0 && other[text.size()] == 0;
   }
 
+  static bool isIn(const xmlNs* space, std::string_view uri) {
+    return space != nullptr ? isSame(uri, space->href) : uri.empty();
+  }
+
+  static bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+  static bool isName(std::string_view text) {
+    return !text.empty() && isLetter(text.front()) && std::ranges::all_of(text, [](char c) {
+      return isLetter(c) || (c >= '0' && c <= '9') || c == '-';
+    });
+  }
+
   bool readStep(std::string_view step, const std::vector<Binding>& bindings) {
     const auto colon = step.find(':');
-    if (colon == std::string_view::npos) return false;
-    const std::string_view name = step.substr(colon + 1);
-    const auto isNameCharacter = [](char c) {
-      return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
-    };
-    if (name.empty() || !std::ranges::all_of(name, isNameCharacter)) return false;
+    const std::string_view name = step.substr(colon + 1);  // the whole step without a colon
+    if (!isName(name)) return false;
+    if (colon == std::string_view::npos) {
+      steps_[count_++] = {{}, name};
+      return true;
+    }
     const auto binding = std::ranges::find(bindings, step.substr(0, colon), &Binding::first);
     if (binding == bindings.end()) return false;
     steps_[count_++] = {binding->second, name};
