@@ -56,7 +56,9 @@ class PlainPath {
 
  private:
   static bool isSame(std::string_view text, const xmlChar* other) {
-    return std::strncmp(text.data(), asChars(other), text.size()) == 0 && other[text.size()] == 0;
+    const bool isStart =
+        text.empty() || std::strncmp(text.data(), asChars(other), text.size()) == 0;
+    return isStart && other[text.size()] == 0;
   }
 
   static bool isIn(const xmlNs* space, std::string_view uri) {
