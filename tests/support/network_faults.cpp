@@ -108,7 +108,12 @@ NetworkFault silence(std::string name, std::string bytes, Seen seen) {
 
 void addFaultsBeforeTheAnswer(std::vector<NetworkFault>& all) {
   all.push_back(fault(
-      "ResetBeforeTheRequestIsRead", [](Peer& peer) { peer.reset(); }, failed(12031)));
+      "ResetBeforeTheRequestIsRead",
+      [](Peer& peer) {
+        peer.waitForBytes();  // or the client may not have seen the connection at all
+        peer.reset();
+      },
+      failed(12031)));
   all.push_back(fault("ResetInPlaceOfAnAnswer", answeringThenReset(""), failed(12031)));
   all.push_back(fault("ClosedInPlaceOfAnAnswer", answering(""), failed(12030)));
   all.push_back(silence("SilentInPlaceOfAnAnswer", "", failed(12002)));
