@@ -383,7 +383,9 @@ Scenario routeLookup() {
         return request.submit();
       },
       success("<n:route>" + element("code", longName) + "</n:route>"),
-      [](const ResponseBase& response, Lines& lines) { lines << response.Payload().text(); },
+      [](const ResponseBase& response, Lines& lines) {
+        if (const xml::Node payload = response.Payload()) lines << payload.text();
+      },
       {submitOf(L"GetRouteRequest"), appendToOf(L"GetRoute")});
 }
 
