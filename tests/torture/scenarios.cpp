@@ -320,6 +320,7 @@ Scenario bulletin() {
                     stage->Departing(L"yssy");
                     stage->Destination(L"ymml");
                     stage->ETD(at(2026, 3, 7, 22, 0, 5));
+                    stage->Route(std::make_shared<SPFIBRoute>());
                     const auto spec = std::make_shared<SPFIBSpec>();
                     spec->TAS(L"n0450");
                     spec->addStage(stage);
