@@ -115,6 +115,11 @@ void Exchange::setTimeout(Timeout which, std::uint32_t milliseconds) {
 }
 
 ErrorCode Exchange::send(std::string_view body) {
+  // Redirected, it stands in a header line that is this half's own.
+  if (handles_->isRedirected && !canBeHostName(handles_->host) &&
+      !readHostAndPort(handles_->host)) {
+    return ERROR_INTERNET_NAME_NOT_RESOLVED;
+  }
   // The call takes the body as what it could change, but does not.
   void* const bytes =
       const_cast<char*>(body.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
