@@ -31,12 +31,13 @@ void loginSecurely(benchmark::State& state) {
 BENCHMARK(loginSecurely)->Name("login/https")->Apply(bench::manually);
 
 void loginOnThreads(benchmark::State& state) {
+  bench::haveOtherThread();
   hand::Client service = client();
   const std::string at = url("login", "account-service");
   for (auto _ : state) benchmark::DoNotOptimize(service.login(at));
   state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(loginOnThreads)->Name("threads")->Apply(bench::threads);
+BENCHMARK(loginOnThreads)->Name("threads/login")->Apply(bench::threads);
 
 void readBriefing(benchmark::State& state, const std::string& answer) {
   hand::Client service = client();
@@ -66,23 +67,34 @@ void text(benchmark::State& state) {
 }
 BENCHMARK(text)->Apply(bench::sizes);
 
+void readRoutes(hand::Client& service, const std::string& at) {
+  std::size_t characters = 0;
+  for (const hand::Route& route : service.routes(at)) {
+    characters += route.departure.size() + route.destination.size() + route.code.size() +
+                  route.description.size();
+  }
+  benchmark::DoNotOptimize(characters);
+}
+
 void readDirectory(benchmark::State& state, const std::string& entries) {
   hand::Client service = client();
   const std::string at = url("directory-" + entries, "reference-service");
-  measure(state, [&] {
-    std::size_t characters = 0;
-    for (const hand::Route& route : service.routes(at)) {
-      characters += route.departure.size() + route.destination.size() + route.code.size() +
-                    route.description.size();
-    }
-    benchmark::DoNotOptimize(characters);
-  });
+  measure(state, [&] { readRoutes(service, at); });
 }
 
 void directory(benchmark::State& state) {
   readDirectory(state, "5000");
 }
 BENCHMARK(directory)->Apply(bench::manually);
+
+void directoryOnThreads(benchmark::State& state) {
+  bench::haveOtherThread();
+  hand::Client service = client();
+  const std::string at = url("directory-5000", "reference-service");
+  for (auto _ : state) readRoutes(service, at);
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(directoryOnThreads)->Name("threads/directory")->Apply(bench::threads);
 
 void entries(benchmark::State& state) {
   readDirectory(state, std::to_string(state.range(0)));

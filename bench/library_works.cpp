@@ -56,12 +56,13 @@ void loginSecurely(benchmark::State& state) {
 BENCHMARK(loginSecurely)->Name("login/https")->Apply(bench::manually);
 
 void loginOnThreads(benchmark::State& state) {
+  bench::haveOtherThread();
   ktpnaips::NAIPSConfig().UserName(L"pilot1");  // of this thread; the mode is 0
   for (auto _ : state) logIn(state);
   state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(loginOnThreads)
-    ->Name("threads")
+    ->Name("threads/login")
     ->Apply(bench::threads)
     ->Setup([](const benchmark::State&) { askFor("login"); });
 
@@ -114,27 +115,40 @@ void text(benchmark::State& state) {
 }
 BENCHMARK(text)->Apply(bench::sizes);
 
+void readRoutes(benchmark::State& state) {
+  ktpnaips::RouteDirectoryRqs request;
+  request.Depart(L"YSSY");
+  request.Destination(L"YMML");
+  const auto routes = request.submit();
+  stopOnError(state, routes.get());
+  std::size_t characters = 0;
+  for (const auto& route : *routes) {
+    characters += route->Depart().size() + route->Destination().size() + route->RouteCode().size() +
+                  route->Description().size();
+  }
+  benchmark::DoNotOptimize(characters);
+}
+
 void readDirectory(benchmark::State& state, const std::string& entries) {
   askFor("directory-" + entries);
-  measure(state, [&] {
-    ktpnaips::RouteDirectoryRqs request;
-    request.Depart(L"YSSY");
-    request.Destination(L"YMML");
-    const auto routes = request.submit();
-    stopOnError(state, routes.get());
-    std::size_t characters = 0;
-    for (const auto& route : *routes) {
-      characters += route->Depart().size() + route->Destination().size() +
-                    route->RouteCode().size() + route->Description().size();
-    }
-    benchmark::DoNotOptimize(characters);
-  });
+  measure(state, [&] { readRoutes(state); });
 }
 
 void directory(benchmark::State& state) {
   readDirectory(state, "5000");
 }
 BENCHMARK(directory)->Apply(bench::manually);
+
+void directoryOnThreads(benchmark::State& state) {
+  bench::haveOtherThread();
+  ktpnaips::NAIPSConfig().UserName(L"pilot1");  // of this thread; the mode is 0
+  for (auto _ : state) readRoutes(state);
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(directoryOnThreads)
+    ->Name("threads/directory")
+    ->Apply(bench::threads)
+    ->Setup([](const benchmark::State&) { askFor("directory-5000"); });
 
 void entries(benchmark::State& state) {
   readDirectory(state, std::to_string(state.range(0)));

@@ -8,7 +8,9 @@
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
+#include <stop_token>
 #include <string>
+#include <thread>
 #include <vector>
 
 /// How each work is measured, by hand and with the library alike. `bench/compare` sets the
@@ -102,6 +104,13 @@ inline void sizes(Registered* work) {
 inline void entries(Registered* work) {
   work->UseManualTime();
   for (const std::int64_t count : {1, 10, 100, 1'000, 10'000, 100'000}) work->Arg(count);
+}
+
+/// Gives the process a second thread, without which the C library leaves its locks out.
+inline void haveOtherThread() {
+  static const std::jthread other([](const std::stop_token& end) {
+    while (!end.stop_requested()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  });
 }
 
 inline void threads(Registered* work) {

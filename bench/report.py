@@ -127,14 +127,14 @@ def threads_table(threads):
     rows = [[count] + [cell for side in ("floor", "library") for cell in (
         f"{threads[side][count][0]:.0f}", f"{threads[side][count][0] / threads[side][1][0]:.2f}",
         time(threads[side][count][1]))] for count in THREADS]
-    (rate, used), (rate_of_one, used_by_one) = threads["library"][8], threads["library"][1]
-    scaling = 2 * used_by_one / used
     return table(["threads", "floor, calls a second", "times one", "processor time of a call",
-                  "library, calls a second", "times one", "processor time of a call"], rows) + (
-        f"\n8 threads do {rate / rate_of_one:.2f} times the calls of one while the service shares "
-        f"the processors. Two processors for the calls alone do {scaling:.2f} times those of one: "
-        f"a call of one of 8 threads takes {used / used_by_one:.2f} times the processor time of "
-        f"a lone one's. Target {LEAST_SCALING}: {verdict(scaling >= LEAST_SCALING)}.\n")
+                  "library, calls a second", "times one", "processor time of a call"], rows)
+
+
+def scaling(threads):
+    times_one = threads["library"][8][0] / threads["library"][1][0]
+    return (f"8 threads do {times_one:.2f} times the calls of one; target {LEAST_SCALING}: "
+            f"{verdict(times_one >= LEAST_SCALING)}.\n")
 
 
 def fitted(points):
@@ -204,8 +204,11 @@ def markdown(results):
         "rounds.\n", peers_table(results["works"]),
         "## Memory\n\nThe most that a process held which did the one work only. Idle is one that "
         "has logged in.\n", memory_table(results["memory"]),
-        "## Threads\n\nLogins over HTTP. The service shares the processors.\n",
-        threads_table(results["threads"]),
+        "## Threads\n\nThe directory above, for which the service has little to do:\n",
+        threads_table(results["threads"]["directory"]), scaling(results["threads"]["directory"]),
+        "Logins over HTTP, for which the two ends of a connection have about as much to do: on two "
+        "processors, a service and one thread leave little for more of them.\n",
+        threads_table(results["threads"]["login"]),
         "## Growth\n\nProcessor time, the service's not counted; large blocks of memory come from "
         "the system in each call, whatever the size. Briefings by the size of their text:\n",
         growth_of(results["growth"], "text", "bytes"), "Directories by their entries:\n",

@@ -1,4 +1,5 @@
 #include <ktpnaips/briefing/base64.h>
+#include <ktpnaips/briefing/base64_blocks.h>
 #include <ktpnaips/platform/runtime_fault.h>
 
 #include <algorithm>
@@ -86,6 +87,7 @@ char* write(char* to, std::uint32_t group) {
 template <class Char>
 const Char* decodeGroups(const Char* at, const Char* end, char*& to) {
   for (char* next = to;;) {
+    if constexpr (sizeof(Char) == 1) at = decodeBlocks(at, end, next);
     for (; end - at >= 4; at += 4) {
       const std::uint32_t group =
           bitsOf(0, at[0]) | bitsOf(1, at[1]) | bitsOf(2, at[2]) | bitsOf(3, at[3]);

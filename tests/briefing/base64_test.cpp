@@ -168,6 +168,20 @@ TEST(Base64, DecodesAnyTextAsThePlainRulesDo) {
   }
 }
 
+TEST(Base64, DecodesEveryCharacterAtEveryPlaceOfALongLine) {
+  const std::wstring clean = L"QUJDREVGR0hJSktMTU5PUFFSU1RVVldYWVphYmNkZWZnaGlqa2xtbm9wcXJzdHV2";
+  for (std::size_t place = 0; place < clean.size(); ++place) {
+    for (wchar_t code = 0; code <= 0xFF; ++code) {
+      std::wstring text = clean;
+      text[place] = code;
+      const auto expected = decodedPlainly(text);
+      EXPECT_EQ(outcomeOf(std::wstring_view(text)), expected) << place << ' ' << int{code};
+      EXPECT_EQ(outcomeOf(std::string_view(text::toUtf8(text))), expected)
+          << place << ' ' << int{code};
+    }
+  }
+}
+
 TEST(Base64, DecodesAChartOfManyMegabytes) {
   std::string text;
   for (int line = 0; line < 200'000; ++line) {

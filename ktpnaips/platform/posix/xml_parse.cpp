@@ -9,6 +9,7 @@
 #include <libxml/parserInternals.h>
 #include <libxml/threads.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <utility>
@@ -67,7 +68,8 @@ void startElement(void* context, const xmlChar* name, const xmlChar* prefix, con
 }
 
 bool isWhiteSpace(std::string_view text) {
-  return text.find_first_not_of("\x20\x9\xA\xD") == std::string_view::npos;
+  return std::ranges::all_of(
+      text, [](char c) { return c == '\x20' || c == '\x9' || c == '\xA' || c == '\xD'; });
 }
 
 void addText(void* context, const xmlChar* text, int length) {
@@ -77,10 +79,11 @@ void addText(void* context, const xmlChar* text, int length) {
 }
 
 /// True when libxml2 can read the text where it lies: UTF-8 without a declaration that it would
-/// have to look into.
+/// have to look into. A NUL is either refused or shows an encoding at the start.
 bool isPlainUtf8(std::string_view text) {
   const bool marked = text.starts_with("\xFE\xFF") || text.starts_with("\xFF\xFE") ||
-                      text.starts_with("\xEF\xBB\xBF") || text.find('\0') != std::string_view::npos;
+                      text.starts_with("\xEF\xBB\xBF") ||
+                      text.substr(0, 4).find('\0') != std::string_view::npos;
   if (marked) return false;
   if (!text.starts_with("<?xml")) return true;
   const std::string_view declaration = text.substr(0, text.find("?>"));
@@ -94,7 +97,9 @@ Tree parseText(xmlParserCtxtPtr parser, const std::string& text) {
     const auto size = static_cast<int>(text.size());
     return Tree(xmlCtxtReadMemory(parser, text.data(), size, nullptr, nullptr, options));
   }
-  xmlParserInputPtr input = made(xmlNewStringInputStream(parser, asXml(text.c_str())));
+  xmlParserInputPtr input = made(xmlNewInputStream(parser));
+  input->base = input->cur = asXml(text.c_str());
+  input->end = input->base + text.size();
   inputPush(parser, input);
   xmlParseDocument(parser);
   return Tree(std::exchange(parser->myDoc, nullptr));
