@@ -39,6 +39,10 @@ void loginOnThreads(benchmark::State& state) {
 }
 BENCHMARK(loginOnThreads)->Name("threads/login")->Apply(bench::threads);
 
+void removeFiles(const hand::Briefing& briefing) {
+  for (const auto& file : briefing.files) std::filesystem::remove(file);
+}
+
 void readBriefing(benchmark::State& state, const std::string& answer) {
   hand::Client service = client();
   const std::string at = url(answer, "briefing-service");
@@ -47,7 +51,7 @@ void readBriefing(benchmark::State& state, const std::string& answer) {
   measure(
       state, [&] { briefing = service.briefing(at, folder); },
       [&] {
-        for (const auto& file : briefing.files) std::filesystem::remove(file);
+        removeFiles(briefing);
         briefing = {};
       });
 }
@@ -56,6 +60,18 @@ void briefing(benchmark::State& state) {
   readBriefing(state, "briefing");
 }
 BENCHMARK(briefing)->Apply(bench::manually);
+
+void briefingOnThreads(benchmark::State& state) {
+  bench::haveOtherThread();
+  hand::Client service = client();
+  const std::string at = url("briefing", "briefing-service");
+  const std::string folder =
+      bench::environment("XDG_DATA_HOME") + '/' + std::to_string(state.thread_index());
+  std::filesystem::create_directory(folder);
+  for (auto _ : state) removeFiles(service.briefing(at, folder));
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(briefingOnThreads)->Name("threads/briefing")->Apply(bench::threads);
 
 void product(benchmark::State& state) {
   readBriefing(state, "product-20000000");

@@ -82,20 +82,26 @@ void firstCall(benchmark::State& state) {
 }
 BENCHMARK(firstCall)->Name("first")->Iterations(1);
 
+std::shared_ptr<ktpnaips::BriefingResponse> brief(benchmark::State& state) {
+  ktpnaips::LocationBriefingRqs request;
+  request.addLocation(L"YSSY");
+  auto briefing = request.submit();
+  stopOnError(state, briefing.get());
+  benchmark::DoNotOptimize(briefing->Content().size());
+  return briefing;
+}
+
+void removeFiles(const ktpnaips::BriefingResponse& briefing) {
+  for (const auto& item : briefing) std::filesystem::remove(item->File());
+}
+
 void readBriefing(benchmark::State& state, const std::string& answer) {
   askFor(answer);
   std::shared_ptr<ktpnaips::BriefingResponse> briefing;
   measure(
-      state,
+      state, [&] { briefing = brief(state); },
       [&] {
-        ktpnaips::LocationBriefingRqs request;
-        request.addLocation(L"YSSY");
-        briefing = request.submit();
-        stopOnError(state, briefing.get());
-        benchmark::DoNotOptimize(briefing->Content().size());
-      },
-      [&] {
-        for (const auto& item : *briefing) std::filesystem::remove(item->File());
+        removeFiles(*briefing);
         briefing = nullptr;
       });
 }
@@ -104,6 +110,17 @@ void briefing(benchmark::State& state) {
   readBriefing(state, "briefing");
 }
 BENCHMARK(briefing)->Apply(bench::manually);
+
+void briefingOnThreads(benchmark::State& state) {
+  bench::haveOtherThread();
+  ktpnaips::NAIPSConfig().UserName(L"pilot1");  // of this thread; the mode is 0
+  for (auto _ : state) removeFiles(*brief(state));
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(briefingOnThreads)
+    ->Name("threads/briefing")
+    ->Apply(bench::threads)
+    ->Setup([](const benchmark::State&) { askFor("briefing"); });
 
 void product(benchmark::State& state) {
   readBriefing(state, "product-20000000");

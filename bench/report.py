@@ -204,10 +204,14 @@ def markdown(results):
         "rounds.\n", peers_table(results["works"]),
         "## Memory\n\nThe most that a process held which did the one work only. Idle is one that "
         "has logged in.\n", memory_table(results["memory"]),
-        "## Threads\n\nThe directory above, for which the service has little to do:\n",
-        threads_table(results["threads"]["directory"]), scaling(results["threads"]["directory"]),
-        "Logins over HTTP, for which the two ends of a connection have about as much to do: on two "
-        "processors, a service and one thread leave little for more of them.\n",
+        "## Threads\n\nThe briefing above, for which the service has little to do:\n",
+        threads_table(results["threads"]["briefing"]), scaling(results["threads"]["briefing"]),
+        "The directory above. All it does is small blocks of memory: what the threads have in "
+        "common is the C library's, which gives an arena's memory back after each call and asks "
+        "for it again in small steps.\n",
+        threads_table(results["threads"]["directory"]),
+        "Logins over HTTP. The two ends of a connection have about as much to do, so that on two "
+        "processors a service and one thread leave little for more of them.\n",
         threads_table(results["threads"]["login"]),
         "## Growth\n\nProcessor time, the service's not counted; large blocks of memory come from "
         "the system in each call, whatever the size. Briefings by the size of their text:\n",
