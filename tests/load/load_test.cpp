@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <future>
 #include <iostream>
+#include <map>
 #include <mutex>
 #include <set>
 #include <string>
@@ -47,14 +48,21 @@ std::string bytesOf(const std::wstring& file) {
   return test::contentOf(std::filesystem::path(file));
 }
 
-std::string chartBytes(std::wstring_view key, std::wstring& file) {
+std::string chartBytes(std::wstring_view key) {
   GetChartRqs request;
   request.Key(key);
   request.Resolution(L"LO");
   const auto chart = request.submit();
   if (chart == nullptr || chart->Error() || chart->Count() != 1) return {};
-  file = chart->Item(1)->FilePath();
-  return bytesOf(file);
+  return bytesOf(chart->Item(1)->FilePath());
+}
+
+/// Why there is no answer, without the request; empty when there is one.
+std::wstring errorOf(const AbstractResponse* response) {
+  if (response == nullptr) return L"no response";
+  if (!response->Error()) return {};
+  const std::wstring text = response->ErrorText();
+  return L"an error: " + text.substr(0, text.find(L"\r\n\r\n+-+-+-+"));
 }
 
 std::size_t temporaryFiles() {
@@ -68,7 +76,6 @@ std::size_t temporaryFiles() {
 /// What all threads know, and what they have found.
 struct Shared {
   std::array<std::string, chartKeys.size()> charts;
-  std::atomic<int> wrong = 0;
   std::atomic<int> submits = 0;
   std::atomic<int> toWrongHost = 0;
 
@@ -78,9 +85,18 @@ struct Shared {
     return files_.insert(file).second;
   }
 
+  void note(const std::wstring& problem) {
+    const std::lock_guard lock(mutex_);
+    ++problems_[problem];
+  }
+
+  /// How often each thing went wrong.
+  const std::map<std::wstring, int>& problems() const { return problems_; }
+
  private:
   std::mutex mutex_;
   std::set<std::wstring> files_;
+  std::map<std::wstring, int> problems_;
 };
 
 /// Where the calls of the thread have to go.
@@ -106,23 +122,26 @@ class Pilot {
   }
 
   void submit(int turn) {
-    const bool isRight = turn % 128 == 8   ? briefs()
-                         : turn % 16 == 0  ? fetchesChart()
-                         : turn % 16 == 12 ? isRefused()
-                                           : logsIn();
+    const std::wstring problem = turn % 128 == 8   ? brief()
+                                 : turn % 16 == 0  ? fetchChart()
+                                 : turn % 16 == 12 ? logInAsOther()
+                                                   : logIn();
     ++shared_.submits;
-    if (!isRight) ++shared_.wrong;
+    if (!problem.empty()) shared_.note(problem);
   }
 
  private:
   [[nodiscard]] std::wstring password() const { return L"secret of " + name_; }
 
-  bool logsIn() {
+  // Each gives what was wrong, or nothing.
+
+  std::wstring logIn() {
     const auto response = AuthenticateRqs().submit();
-    return response != nullptr && !response->Error() && response->Name() == L"Pilot " + name_;
+    if (auto error = errorOf(response.get()); !error.empty()) return L"log-in: " + error;
+    return response->Name() == L"Pilot " + name_ ? L"" : L"log-in: the name of another";
   }
 
-  bool isRefused() {
+  std::wstring logInAsOther() {
     AuthenticateRqs request;
     request.abstractReq().User(L"LOAD" + std::to_wstring((number_ + 1) % threadCount));
     request.abstractReq().Password(password());
@@ -130,27 +149,41 @@ class Pilot {
     ownRequestor = " requestor=\"" + text::toUtf8(request.abstractReq().User()) + "\" password=";
     const auto response = request.submit();
     ownRequestor.swap(otherRequestor_);
-    return response != nullptr && response->Error() && response->Name().empty();
+    if (errorOf(response.get()).find(L"NAIPS Error: ") == std::wstring::npos) {
+      return L"log-in with the password of another: not refused; " + errorOf(response.get());
+    }
+    return response->Name().empty() ? L"" : L"log-in with the password of another: a name";
   }
 
-  bool briefs() {
+  std::wstring brief() {
     const std::wstring place = places[static_cast<std::size_t>(number_) % places.size()];
     LocationBriefingRqs request;
     request.addLocation(place);
     const auto response = request.submit();
-    if (response == nullptr || response->Error()) return false;
+    if (auto error = errorOf(response.get()); !error.empty()) return L"briefing: " + error;
     const std::wstring text = response->Content();
-    return text.find(L" FOR " + name_ + L"\n") != std::wstring::npos &&
-           text.find(place) != std::wstring::npos && response->Count() > 0 &&
-           std::all_of(response->begin(), response->end(), [this](const auto& item) {
-             return shared_.isNew(item->File()) && bytesOf(item->File()).starts_with("\x89PNG");
-           });
+    const bool isOwn = text.find(L" FOR " + name_ + L"\n") != std::wstring::npos &&
+                       text.find(place) != std::wstring::npos;
+    if (!isOwn) return L"briefing: the text of another";
+    if (response->Count() == 0) return L"briefing: no charts";
+    for (const auto& item : *response) {
+      if (!shared_.isNew(item->File())) return L"briefing: a file that was given before";
+      if (!bytesOf(item->File()).starts_with("\x89PNG")) return L"briefing: a file of other bytes";
+    }
+    return {};
   }
 
-  bool fetchesChart() {
+  std::wstring fetchChart() {
     const std::size_t which = static_cast<std::size_t>(number_) % chartKeys.size();
-    std::wstring file;
-    return chartBytes(chartKeys[which], file) == shared_.charts[which] && shared_.isNew(file);
+    GetChartRqs request;
+    request.Key(chartKeys[which]);
+    request.Resolution(L"LO");
+    const auto chart = request.submit();
+    if (auto error = errorOf(chart.get()); !error.empty()) return L"chart: " + error;
+    if (chart->Count() != 1) return L"chart: none";
+    const std::wstring file = chart->Item(1)->FilePath();
+    if (bytesOf(file) != shared_.charts[which]) return L"chart: other bytes";
+    return shared_.isNew(file) ? L"" : L"chart: a file that was given before";
   }
 
   int number_;
@@ -181,9 +214,8 @@ TEST(Load, SixtyFourAccountsAndModesGetTheirOwnAnswersEachOnce) {
   const test::FailureRecorder failures;
   simulator::use(true);
   Shared shared;
-  std::wstring file;
   for (std::size_t i = 0; i < chartKeys.size(); ++i) {
-    shared.charts[i] = chartBytes(chartKeys[i], file);
+    shared.charts[i] = chartBytes(chartKeys[i]);
     ASSERT_TRUE(shared.charts[i].starts_with("\x89PNG")) << i;
   }
   setCallObserver([&shared](const ServiceCall& call) {
@@ -202,7 +234,9 @@ TEST(Load, SixtyFourAccountsAndModesGetTheirOwnAnswersEachOnce) {
   const auto requests = simulator::requestCount() - requestsBefore;
   setCallObserver({});
 
-  EXPECT_EQ(shared.wrong, 0);
+  for (const auto& [problem, times] : shared.problems()) {
+    ADD_FAILURE() << times << " times: " << text::toUtf8(problem);
+  }
   EXPECT_EQ(shared.toWrongHost, 0);
   EXPECT_EQ(shared.submits, submits);
   EXPECT_EQ(requests, static_cast<std::size_t>(submits));
