@@ -454,6 +454,9 @@ ssize_t read(int descriptor, void* bytes, std::size_t size) {
 int close(int descriptor) {
   static constexpr FallibleFunction self{"close", {EIO, EINTR, ENOSPC}};
   static const auto next = original(&::close, "close");
+  // libcurl 7.88 without memory to look up a name takes 0 for one of its sockets. Some other
+  // connection of the process, this test's service, would get that number and lose it again.
+  if (descriptor == STDIN_FILENO && counts()) return 0;
   const bool hasFailed = fails(self);
   const int error = errno;
   if (descriptor >= 0) descriptors.at(static_cast<std::size_t>(descriptor)) = false;
