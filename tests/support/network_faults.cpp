@@ -79,6 +79,16 @@ Script drippingByteByByte(std::string bytes) {
   };
 }
 
+/// From every path but the one that it names.
+Script redirecting(const std::string& code) {
+  return [code](Peer& peer) {
+    const bool isElsewhere = peer.readRequest().find(" /elsewhere ") != std::string::npos;
+    peer.write(isElsewhere ? goodAnswer()
+                           : "HTTP/1.1 " + code + " Elsewhere\r\nLocation: /elsewhere\r\n" +
+                                 length(0) + "Connection: close\r\n\r\n");
+  };
+}
+
 std::string repeated(std::string_view text, int times) {
   std::string all;
   for (int i = 0; i < times; ++i) all += text;
@@ -95,72 +105,87 @@ const std::string zipped(
     "\x49\xd5\xb7\x03\x00\x42\x9a\xf7\x50\x07\x00\x00\x00",
     27);
 
-NetworkFault fault(std::string name, Script misbehave, Seen seen) {
-  return {std::move(name), std::move(misbehave), seen, seen};
+/// Nothing else is shown.
+Seen shownAlone(const std::wstring& answer) {
+  return shown(answer + L"\r\n\r\n\r\n+-+-+-+\r\n");
 }
 
-NetworkFault silence(std::string name, std::string bytes, Seen seen) {
-  NetworkFault made =
-      fault(std::move(name), answeringThenSilent(std::move(bytes)), std::move(seen));
+Seen shownEmpty() {
+  return shownAlone(L"");
+}
+
+/// Wine takes it for an answer.
+Seen shownAsEmptyHeaders() {
+  return shownAlone(L"\r\n");
+}
+
+/// Under Wine the host sees the same unless something else is said.
+NetworkFault fault(std::string name, Script misbehave, Seen seen,
+                   std::vector<Seen> seenUnderWine = {}) {
+  if (seenUnderWine.empty()) seenUnderWine = {seen};
+  return {std::move(name), std::move(misbehave), std::move(seen), std::move(seenUnderWine)};
+}
+
+NetworkFault silence(std::string name, std::string bytes, Seen seen,
+                     std::vector<Seen> seenUnderWine = {}) {
+  NetworkFault made = fault(std::move(name), answeringThenSilent(std::move(bytes)), std::move(seen),
+                            std::move(seenUnderWine));
   made.receiveLimit = 1'000;
   return made;
 }
 
 void addFaultsBeforeTheAnswer(std::vector<NetworkFault>& all) {
-  all.push_back(fault(
-      "ResetBeforeTheRequestIsRead",
-      [](Peer& peer) {
-        peer.waitForBytes();  // or the client may not have seen the connection at all
-        peer.reset();
-      },
-      failed(12031)));
-  all.push_back(fault("ResetInPlaceOfAnAnswer", answeringThenReset(""), failed(12031)));
-  all.push_back(fault("ClosedInPlaceOfAnAnswer", answering(""), failed(12030)));
-  all.push_back(silence("SilentInPlaceOfAnAnswer", "", failed(12002)));
+  all.push_back(
+      fault("ResetBeforeTheRequestIsRead",
+            [](Peer& peer) {
+              peer.waitForBytes();  // or the client may not have seen the connection at all
+              peer.reset();
+            },
+            failed(12031), {failed(12030), failed(10054), shownAsEmptyHeaders()}));
+  all.push_back(
+      fault("ResetInPlaceOfAnAnswer", answeringThenReset(""), failed(12031), {failed(12030)}));
+  all.push_back(
+      fault("ClosedInPlaceOfAnAnswer", answering(""), failed(12030), {shownAsEmptyHeaders()}));
+  all.push_back(silence("SilentInPlaceOfAnAnswer", "", failed(12002), {failed(12030)}));
 }
 
 void addFaultsInTheHeaders(std::vector<NetworkFault>& all) {
   const std::string start = "HTTP/1.1 200 OK\r\nContent-Ty";
-  all.push_back(fault("ClosedInTheHeaders", answering(start), failed(12152)));
-  all.push_back(fault("ResetInTheHeaders", answeringThenReset(start), failed(12031)));
-  all.push_back(silence("SilentInTheHeaders", start, failed(12002)));
-  all.push_back(fault("NoHttp", answering("220 mail.example ESMTP\r\n\r\n"), failed(12152)));
-  all.push_back(fault("HeadersWithoutEnd",
-                      endlessly("HTTP/1.1 200 OK\r\n", repeated("X-Again: and again\r\n", 100)),
-                      failed(12152)));
-  all.push_back(fault("AHeaderWithoutEnd",
-                      endlessly("HTTP/1.1 200 OK\r\nX-Again: ", std::string(5000, 'x')),
-                      failed(12152)));
-  all.push_back(fault("ProvisionalAnswersWithoutEnd",
-                      endlessly("", repeated("HTTP/1.1 102 Processing\r\n\r\n", 100)),
-                      failed(12152)));
+  const Seen wholeLines = shownAlone(L"HTTP/1.1 200 OK\r\n\r\n");
+  all.push_back(fault("ClosedInTheHeaders", answering(start), failed(12152), {wholeLines}));
+  all.push_back(fault("ResetInTheHeaders", answeringThenReset(start), failed(12031), {wholeLines}));
+  all.push_back(silence("SilentInTheHeaders", start, failed(12002), {wholeLines}));
+  all.push_back(fault("NoHttp", answering("220 mail.example ESMTP\r\n\r\n"), failed(12152),
+                      {shownAlone(L"HTTP/1.0 200 OK\r\n\r\n\r\n")}));
   all.push_back(fault("ManyProvisionalAnswers",
                       answering(repeated("HTTP/1.1 100 Continue\r\n\r\n", 500) + goodAnswer()),
                       passed()));
   all.push_back(fault("ALengthThatIsNoNumber",
-                      answering(head("Content-Length: many\r\n") + goodBody()), failed(12152)));
+                      answering(head("Content-Length: many\r\n") + goodBody()), failed(12152),
+                      {passed()}));
   all.push_back(fault("DripByteByByte", drippingByteByByte(goodAnswer()), passed()));
 }
 
 void addFaultsInTheBody(std::vector<NetworkFault>& all) {
   const std::string full = head(length(goodBody().size()));
-  all.push_back(fault("ClosedAfterTheHeaders", answering(full), shown(L"\r\n")));
-  all.push_back(fault("ResetAfterTheHeaders", answeringThenReset(full), shown(L"\r\n")));
-  all.push_back(silence("SilentAfterTheHeaders", full, shown(L"\r\n")));
+  all.push_back(fault("ClosedAfterTheHeaders", answering(full), shownEmpty()));
+  all.push_back(fault("ResetAfterTheHeaders", answeringThenReset(full), shownEmpty()));
+  all.push_back(silence("SilentAfterTheHeaders", full, shownEmpty()));
   all.push_back(fault("ClosedInTheBody", answering(full + firstHalf()), shown(L"<?xml")));
-  all.push_back(fault("ResetInTheBody", answeringThenReset(full + firstHalf()), shown(L"<?xml")));
-  all.push_back(silence("SilentInTheBody", full + firstHalf(), shown(L"<?xml")));
+  all.push_back(fault("ResetInTheBody", answeringThenReset(full + firstHalf()), shown(L"<?xml"),
+                      {shownEmpty()}));
+  all.push_back(silence("SilentInTheBody", full + firstHalf(), shown(L"<?xml"), {shownEmpty()}));
   all.push_back(fault("ResetAfterTheBody", answeringThenReset(full + goodBody()), passed()));
   all.push_back(fault("FewerBytesThanTheLength",
                       answering(head(length(goodBody().size() + 100)) + goodBody()), passed()));
   all.push_back(fault("MoreBytesThanTheLength",
-                      answering(head(length(goodBody().size() / 2)) + goodBody()),
-                      shown(L"<?xml")));
+                      answering(head(length(goodBody().size() / 2)) + goodBody()), shown(L"<?xml"),
+                      {passed()}));
   all.push_back(
-      fault("AChunkSizeThatIsNone", answering(chunked("zz\r\n<b/>\r\n0\r\n\r\n")), shown(L"\r\n")));
+      fault("AChunkSizeThatIsNone", answering(chunked("zz\r\n<b/>\r\n0\r\n\r\n")), shownEmpty()));
   all.push_back(fault("AChunkSizeBeyondAllNumbers",
-                      answering(chunked("fffffffffffffffff\r\n<b/>\r\n0\r\n\r\n")),
-                      shown(L"\r\n")));
+                      answering(chunked("fffffffffffffffff\r\n<b/>\r\n0\r\n\r\n")), shownEmpty(),
+                      {shown(L"<b/>")}));
   all.push_back(fault("AChunkLongerThanItsSize", answering(chunked("4\r\n<late/>\r\n0\r\n\r\n")),
                       shown(L"<lat")));
   all.push_back(
@@ -169,8 +194,6 @@ void addFaultsInTheBody(std::vector<NetworkFault>& all) {
       fault("ZippedUnasked",
             answering(head("Content-Encoding: gzip\r\n" + length(zipped.size())) + zipped),
             shown(L"\x1f\ufffd\b")));
-  all.push_back(fault("ABodyWithoutEnd", endlessly(head(""), std::string(1'000'000, ' ')),
-                      failed(12152, L"InternetReadFile")));
   all.push_back(fault("AnOldAnswer",
                       answering("HTTP/1.0 200 OK\r\nContent-Type: text/xml\r\n\r\n" + goodBody()),
                       passed()));
@@ -189,12 +212,32 @@ void addStatuses(std::vector<NetworkFault>& all) {
                                 L"\r\n\r\n" + text::fromUtf8(body.substr(0, 6)))));
     }
   }
+}
+
+/// The answer stands elsewhere.
+void addRedirects(std::vector<NetworkFault>& all) {
   for (const std::string code : {"301", "302", "303", "307", "308"}) {
-    all.push_back(fault("Redirect" + code,
-                        answering("HTTP/1.1 " + code + " Elsewhere\r\nLocation: /elsewhere\r\n" +
-                                  length(0) + "Connection: close\r\n\r\n"),
-                        shown(L"HTTP/1.1 " + text::fromUtf8(code) + L" Elsewhere\r\n")));
+    const Seen itself = shown(L"HTTP/1.1 " + text::fromUtf8(code) + L" Elsewhere\r\n");
+    all.push_back(fault("Redirect" + code, redirecting(code),
+                        expectations().http.followsRedirects ? passed() : itself,
+                        {code == "308" ? itself : passed()}));
   }
+}
+
+/// Answers that the client has to give up. WinINet does not: it has no limit for headers, for
+/// provisional answers or for a body, so that there the submit would not return.
+void addFaultsWithoutEnd(std::vector<NetworkFault>& all) {
+  all.push_back(fault("HeadersWithoutEnd",
+                      endlessly("HTTP/1.1 200 OK\r\n", repeated("X-Again: and again\r\n", 100)),
+                      failed(12152)));
+  all.push_back(fault("AHeaderWithoutEnd",
+                      endlessly("HTTP/1.1 200 OK\r\nX-Again: ", std::string(5000, 'x')),
+                      failed(12152)));
+  all.push_back(fault("ProvisionalAnswersWithoutEnd",
+                      endlessly("", repeated("HTTP/1.1 102 Processing\r\n\r\n", 100)),
+                      failed(12152)));
+  all.push_back(fault("ABodyWithoutEnd", endlessly(head(""), std::string(1'000'000, ' ')),
+                      failed(12152, L"InternetReadFile")));
 }
 
 }  // namespace
@@ -211,8 +254,8 @@ Seen passed() {
   return {{}, {}, false};
 }
 
-const Seen& NetworkFault::expected() const {
-  return &expectations() == &onWine ? seenUnderWine : seen;
+std::vector<Seen> NetworkFault::expected() const {
+  return &expectations() == &onWine ? seenUnderWine : std::vector{seen};
 }
 
 std::string goodBody() {
@@ -229,6 +272,8 @@ std::vector<NetworkFault> networkFaults() {
   addFaultsInTheHeaders(all);
   addFaultsInTheBody(all);
   addStatuses(all);
+  addRedirects(all);
+  if (expectations().http.limitsAnswers) addFaultsWithoutEnd(all);
   return all;
 }
 

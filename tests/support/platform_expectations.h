@@ -37,8 +37,8 @@ struct HttpExpectations {
   bool readsEarlyAnswers;    ///< that come before the body is sent
   bool passesOverEarlyHints;
   bool followsRedirects;
+  bool limitsAnswers;             ///< one without end ends as an error
   bool mayTakeAResetForNoAnswer;  ///< it depends on the moment
-  int mostRepetitions;            ///< of a request that found a kept connection dead
   std::span<const std::uint32_t> codesWithoutText;
 
   [[nodiscard]] bool isReset(std::uint32_t code) const {
@@ -83,8 +83,8 @@ inline constexpr PlatformExpectations onPosix{
             .readsEarlyAnswers = true,
             .passesOverEarlyHints = true,
             .followsRedirects = false,
+            .limitsAnswers = true,
             .mayTakeAResetForNoAnswer = false,
-            .mostRepetitions = 0,
             .codesWithoutText = {},
         },
 };
@@ -112,8 +112,8 @@ inline constexpr PlatformExpectations onWindows{
             .readsEarlyAnswers = true,
             .passesOverEarlyHints = false,
             .followsRedirects = true,
+            .limitsAnswers = false,
             .mayTakeAResetForNoAnswer = false,
-            .mostRepetitions = 2,
             .codesWithoutText = {},
         },
 };
@@ -140,8 +140,8 @@ inline constexpr PlatformExpectations onWine{
             .readsEarlyAnswers = false,
             .passesOverEarlyHints = false,
             .followsRedirects = true,
+            .limitsAnswers = false,
             .mayTakeAResetForNoAnswer = true,
-            .mostRepetitions = 2,
             .codesWithoutText = codesWithoutTextUnderWine,
         },
 };
