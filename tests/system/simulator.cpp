@@ -18,13 +18,6 @@
 namespace simulator {
 namespace {
 
-std::string environment(const char* name) {
-  auto value = ktpnaips::terminal::environment(name);
-  if (!value)
-    throw std::runtime_error(std::string("run this program as its test does: no ") + name);
-  return *std::move(value);
-}
-
 /// Asks the simulator itself; its answer's text. Wine on a busy machine loses one now and then.
 std::string control(std::string_view what, std::string_view body = {}) {
   const std::wstring url = L"http://simulator/control/" + ktpnaips::text::fromUtf8(what);
@@ -49,6 +42,13 @@ class OwnDataFolder : public testing::Environment {
     testing::AddGlobalTestEnvironment(new OwnDataFolder);  // owned by GoogleTest
 
 }  // namespace
+
+std::string environment(const char* name) {
+  auto value = ktpnaips::terminal::environment(name);
+  if (!value)
+    throw std::runtime_error(std::string("run this program as its test does: no ") + name);
+  return *std::move(value);
+}
 
 std::wstring address(const std::string& certificate) {
   const std::string name = certificate.empty() ? "" : "_" + certificate;

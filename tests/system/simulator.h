@@ -5,11 +5,14 @@
 #include <string_view>
 
 /// The simulated service that the test program was started with (`with-simulator`,
-/// `with-squid`).
+/// `with-squid`, `with-nginx`).
 namespace simulator {
 
 inline constexpr std::wstring_view user = L"DEMO";
 inline constexpr std::wstring_view password = L"demo-pilot";
+
+/// What the script that started the test program says; throws when it says nothing.
+std::string environment(const char* name);
 
 /// "address:port" of the service, or of the one that has another certificate, such as "EXPIRED".
 std::wstring address(const std::string& certificate = {});
