@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/data_folder.h"
 #include "tests/support/http_call.h"
 #include "tests/support/raw_server.h"
 #include "tests/support/scoped_environment.h"
@@ -99,6 +100,19 @@ TEST_F(HttpTls, RefusesAnUnknownIssuer) {
   const CertificateAuthority stranger;
   const RawServer server(answering(stranger.server({})));
   EXPECT_EQ(run(callTo(server)).code, 12045U);
+}
+
+TEST_F(HttpTls, LoadsTheIssuersAgainAfterItRefusedOne) {
+  const CertificateAuthority stranger;
+  const ScratchFolder folder;
+  const auto issuers = folder.path() / "issuers.pem";
+  const RawServer server(answering(authority_.server({})));
+  HttpCall call = callTo(server);
+  call.route.caFile = text::fromUtf8(issuers.string());
+  putFile(issuers, contentOf(stranger.file()));
+  EXPECT_EQ(run(call).code, 12045U);
+  putFile(issuers, contentOf(authority_.file()));
+  EXPECT_EQ(run(call).code, 0U);
 }
 
 TEST_F(HttpTls, RefusesAnUnknownIssuerOfAnExpiredCertificateToo) {

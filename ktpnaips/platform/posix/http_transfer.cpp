@@ -136,11 +136,7 @@ ErrorCode Transfer::send(const RequestSettings& settings, std::string_view body)
 }
 
 void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
-  // After a failure libcurl keeps the system's error number, also for failures that have none.
-  if (result_ != CURLE_OK) {
-    stop();
-    easy_.reset(newEasy());
-  }
+  if (result_ != CURLE_OK) startOver();
   begin();
   forgetTicketsOfOtherPolicy(settings.certificates.ignoreDates);
   curl_easy_reset(easy_.get());
@@ -152,6 +148,15 @@ void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
   applyPolicy(easy_.get(), settings.certificates);
   if (curl_multi_add_handle(multi_.get(), easy_.get()) != CURLM_OK) throw std::bad_alloc();
   running_ = true;
+}
+
+// After a failure libcurl keeps the system's error number, also for failures that have none, and
+// the issuers, of which some may be missing: those for which there was no memory, or newer ones.
+void Transfer::startOver() {
+  stop();
+  decltype(multi_) multi(newMulti());
+  easy_.reset(newEasy());
+  multi_ = std::move(multi);
 }
 
 // A resumed session is not verified again: what a lenient policy let pass must not pass a strict

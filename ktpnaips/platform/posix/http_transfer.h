@@ -98,6 +98,7 @@ class Transfer {
   };
 
   void prepare(const RequestSettings& settings, std::string_view body);
+  void startOver();
   void forgetTicketsOfOtherPolicy(bool ignoreDates);
   void begin();
   void setRequest(const RequestSettings& settings, std::string_view body);
