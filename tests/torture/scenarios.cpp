@@ -330,7 +330,7 @@ Scenario bulletin() {
                     return request.submit();
                   },
                   {submitOf(L"SPFIBRequest"), appendToOf(L"SPFIBRequest"), appendToOf(L"SPFIBSpec"),
-                   appendToOf(L"SPFIBStage")});
+                   appendToOf(L"SPFIBStage"), L"pointFromName of Module Utils"});
 }
 
 Scenario storedBulletin() {
@@ -353,7 +353,8 @@ Scenario storedBulletin() {
           lines << stage->Departing() << stage->Destination() << stage->ETD();
         }
       },
-      {submitOf(L"GetSPFIBRequest"), extractionOf(L"GetSPFIBRsp")});
+      {submitOf(L"GetSPFIBRequest"), extractionOf(L"GetSPFIBRsp"),
+       L"pointFromName of Module Utils"});
 }
 
 Scenario windProfile() {
@@ -370,7 +371,7 @@ Scenario windProfile() {
                         return request.submit();
                       },
                       {submitOf(L"WindTempProfileRequest"), appendToOf(L"WindTempProfileRequest"),
-                       appendToOf(L"SPFIBStage")});
+                       appendToOf(L"SPFIBStage"), L"pointFromName of Module Utils"});
 }
 
 Scenario routeLookup() {
