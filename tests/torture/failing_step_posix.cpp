@@ -157,17 +157,22 @@ bool counts() {
   return isCounted && isArmed.load(std::memory_order_relaxed);
 }
 
-/// Whether the allocation is one without which OpenSSL ends the program: release 3.0 frees twice
-/// what it could not copy here.
+/// Whether the code at the address is that library's.
+bool isOf(void* address, std::string_view library) {
+  Dl_info found{};
+  return dladdr(address, &found) != 0 &&
+         std::string_view(found.dli_fname).find(library) != std::string_view::npos;
+}
+
+/// Whether libcurl, called by OpenSSL, is about to keep a TLS ticket: release 7.88 frees the host's
+/// name twice when it has no memory for the rest.
 bool isFatal() {
   const Uncounted uncounted;
-  std::array<void*, 8> frames{};
+  std::array<void*, 16> frames{};
   const int depth = backtrace(frames.data(), static_cast<int>(frames.size()));
-  return std::any_of(frames.begin(), frames.begin() + depth, [](void* frame) {
-    Dl_info found{};
-    return dladdr(frame, &found) != 0 && found.dli_sname != nullptr &&
-           std::string_view(found.dli_sname) == "EVP_MD_CTX_copy_ex";
-  });
+  return std::adjacent_find(frames.begin(), frames.begin() + depth, [](void* inner, void* outer) {
+           return isOf(inner, "libcurl.so") && isOf(outer, "libssl.so");
+         }) != frames.begin() + depth;
 }
 
 /// How this call of the function fails; 0 when it does not.

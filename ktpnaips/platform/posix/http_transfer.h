@@ -20,8 +20,8 @@
 namespace ktpnaips::http {
 
 /// The longest headers, provisional answers and all, and the longest body that are read, in bytes.
-inline constexpr std::size_t longestHeaders = 256 * 1024;
-inline constexpr std::size_t longestBody = 256 * 1024 * 1024;
+inline constexpr std::size_t longestHeaders = std::size_t{256} * 1024;
+inline constexpr std::size_t longestBody = std::size_t{256} * 1024 * 1024;
 
 /// An account for the proxy that the environment names.
 struct ProxyAccount {
