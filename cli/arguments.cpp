@@ -103,9 +103,8 @@ DateTime parseDate(const std::string& text) {
   return dayOf(text);
 }
 
-void addRequestFile(CLI::App& app, std::function<void(const std::string&)> read) {
-  app.add_option_function<std::string>("FILE", std::move(read),
-                                       "Request file (JSON), or - for standard input")
+void addRequestFile(CLI::App& app, const std::function<void(const std::string&)>& read) {
+  app.add_option_function<std::string>("FILE", read, "Request file (JSON), or - for standard input")
       ->required();
 }
 

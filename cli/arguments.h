@@ -35,7 +35,7 @@ void addGroup(CLI::App& app, const std::shared_ptr<Request>& request) {
 }
 
 /// The argument FILE: a request file, or "-" for standard input.
-void addRequestFile(CLI::App& app, std::function<void(const std::string&)> read);
+void addRequestFile(CLI::App& app, const std::function<void(const std::string&)>& read);
 
 /// `--from`, `--till` and `--hours` of a briefing period. The request outlives the parsing.
 void addPeriod(CLI::App& app, ktpnaips::BriefingRequest& period);

@@ -126,7 +126,7 @@ class Property<std::wstring, Rule> {
     if constexpr (requires { Rule::apply(value); }) {
       store(Rule::apply(value));
     } else {
-      store(std::move(value));
+      store(std::forward<Text>(value));
     }
   }
 
