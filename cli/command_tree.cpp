@@ -59,8 +59,10 @@ CommandNode node(const CLI::App& app, const std::string& words) {
     }
   }
   for (const CLI::App* each : app.get_subcommands([](const CLI::App*) { return true; })) {
-    const std::string& name = each->get_name();
-    node.commands.push_back(cli::node(*each, words.empty() ? name : words + ' ' + name));
+    std::string path = words;
+    if (!path.empty()) path += ' ';
+    path += each->get_name();
+    node.commands.push_back(cli::node(*each, path));
   }
   return node;
 }

@@ -51,9 +51,6 @@ struct CountingIterator {
   friend bool operator==(const CountingIterator& a, const CountingIterator& b) {
     return a.at == b.at;
   }
-  friend bool operator!=(const CountingIterator& a, const CountingIterator& b) {
-    return a.at != b.at;
-  }
 };
 
 /// A list or an object that has not ended yet.

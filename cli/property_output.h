@@ -98,6 +98,7 @@ template <class Collection, class Object, std::size_t Size>
 void printTable(const Collection& collection, const Shown<Object> (&properties)[Size]) {
   const auto columns = columnsOf(properties);
   std::vector<std::string> headings;
+  headings.reserve(columns.size());
   for (const auto* column : columns) headings.emplace_back(column->heading);
   std::vector<std::vector<Json>> rows;
   for (const auto& entry : collection) {

@@ -14,6 +14,7 @@
 namespace cli {
 
 /// What a request file holds, in the order in which it stands there.
+// NOLINTNEXTLINE(bugprone-exception-escape): a JSON value is moved without exceptions
 struct FileNode {
   Json value;                      ///< of a list or an object: an empty one
   std::string key;                 ///< of a member of an object

@@ -38,7 +38,7 @@ class Session {
       showDocument(request);
       return decltype(request.submit())();
     }
-    const auto response = fetch(request);
+    auto response = fetch(request);
     show(response.get(), propertiesOf(response, fields), [&] { print(*response); });
     return response;
   }
@@ -71,7 +71,7 @@ class Session {
   auto fetch(Request& request) {
     start();
     setAccountOf(request);
-    const auto response = request.submit();
+    auto response = request.submit();
     if (response != nullptr) keepFiles(*response);
     return response;
   }
