@@ -31,11 +31,9 @@ void loginSecurely(benchmark::State& state) {
 BENCHMARK(loginSecurely)->Name("login/https")->Apply(bench::manually);
 
 void loginOnThreads(benchmark::State& state) {
-  bench::haveOtherThread();
   hand::Client service = client();
   const std::string at = url("login", "account-service");
-  for (auto _ : state) benchmark::DoNotOptimize(service.login(at));
-  state.SetItemsProcessed(state.iterations());
+  bench::repeatOnThread(state, [&] { benchmark::DoNotOptimize(service.login(at)); });
 }
 BENCHMARK(loginOnThreads)->Name("threads/login")->Apply(bench::threads);
 
@@ -62,14 +60,12 @@ void briefing(benchmark::State& state) {
 BENCHMARK(briefing)->Apply(bench::manually);
 
 void briefingOnThreads(benchmark::State& state) {
-  bench::haveOtherThread();
   hand::Client service = client();
   const std::string at = url("briefing", "briefing-service");
   const std::string folder =
       bench::environment("XDG_DATA_HOME") + '/' + std::to_string(state.thread_index());
   std::filesystem::create_directory(folder);
-  for (auto _ : state) removeFiles(service.briefing(at, folder));
-  state.SetItemsProcessed(state.iterations());
+  bench::repeatOnThread(state, [&] { removeFiles(service.briefing(at, folder)); });
 }
 BENCHMARK(briefingOnThreads)->Name("threads/briefing")->Apply(bench::threads);
 
@@ -104,11 +100,9 @@ void directory(benchmark::State& state) {
 BENCHMARK(directory)->Apply(bench::manually);
 
 void directoryOnThreads(benchmark::State& state) {
-  bench::haveOtherThread();
   hand::Client service = client();
   const std::string at = url("directory-5000", "reference-service");
-  for (auto _ : state) readRoutes(service, at);
-  state.SetItemsProcessed(state.iterations());
+  bench::repeatOnThread(state, [&] { readRoutes(service, at); });
 }
 BENCHMARK(directoryOnThreads)->Name("threads/directory")->Apply(bench::threads);
 

@@ -55,13 +55,14 @@ void loginSecurely(benchmark::State& state) {
 }
 BENCHMARK(loginSecurely)->Name("login/https")->Apply(bench::manually);
 
-void loginOnThreads(benchmark::State& state) {
-  bench::haveOtherThread();
-  ktpnaips::NAIPSConfig().UserName(L"pilot1");  // of this thread; the mode is 0
-  for (auto _ : state) logIn(state);
-  state.SetItemsProcessed(state.iterations());
+/// The work on one of several threads, which share what `askFor` has set but the account.
+template <void (*work)(benchmark::State&)>
+void onThread(benchmark::State& state) {
+  ktpnaips::NAIPSConfig().UserName(L"pilot1");
+  bench::repeatOnThread(state, [&] { work(state); });
 }
-BENCHMARK(loginOnThreads)
+
+BENCHMARK(onThread<logIn>)
     ->Name("threads/login")
     ->Apply(bench::threads)
     ->Setup([](const benchmark::State&) { askFor("login"); });
@@ -111,13 +112,10 @@ void briefing(benchmark::State& state) {
 }
 BENCHMARK(briefing)->Apply(bench::manually);
 
-void briefingOnThreads(benchmark::State& state) {
-  bench::haveOtherThread();
-  ktpnaips::NAIPSConfig().UserName(L"pilot1");  // of this thread; the mode is 0
-  for (auto _ : state) removeFiles(*brief(state));
-  state.SetItemsProcessed(state.iterations());
+void briefAndRemove(benchmark::State& state) {
+  removeFiles(*brief(state));
 }
-BENCHMARK(briefingOnThreads)
+BENCHMARK(onThread<briefAndRemove>)
     ->Name("threads/briefing")
     ->Apply(bench::threads)
     ->Setup([](const benchmark::State&) { askFor("briefing"); });
@@ -156,13 +154,7 @@ void directory(benchmark::State& state) {
 }
 BENCHMARK(directory)->Apply(bench::manually);
 
-void directoryOnThreads(benchmark::State& state) {
-  bench::haveOtherThread();
-  ktpnaips::NAIPSConfig().UserName(L"pilot1");  // of this thread; the mode is 0
-  for (auto _ : state) readRoutes(state);
-  state.SetItemsProcessed(state.iterations());
-}
-BENCHMARK(directoryOnThreads)
+BENCHMARK(onThread<readRoutes>)
     ->Name("threads/directory")
     ->Apply(bench::threads)
     ->Setup([](const benchmark::State&) { askFor("directory-5000"); });

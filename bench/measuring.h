@@ -106,11 +106,15 @@ inline void entries(Registered* work) {
   for (const std::int64_t count : {1, 10, 100, 1'000, 10'000, 100'000}) work->Arg(count);
 }
 
-/// Gives the process a second thread, without which the C library leaves its locks out.
-inline void haveOtherThread() {
+/// Does the work over and over on one of several threads. Another one is always there: without it
+/// the C library leaves its locks out.
+template <class Work>
+void repeatOnThread(benchmark::State& state, Work work) {
   static const std::jthread other([](const std::stop_token& end) {
     while (!end.stop_requested()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
   });
+  for (auto _ : state) work();
+  state.SetItemsProcessed(state.iterations());
 }
 
 inline void threads(Registered* work) {

@@ -48,13 +48,11 @@ std::string bytesOf(const std::wstring& file) {
   return test::contentOf(std::filesystem::path(file));
 }
 
-std::string chartBytes(std::wstring_view key) {
+std::shared_ptr<GetChartRsp> fetchChart(std::wstring_view key) {
   GetChartRqs request;
   request.Key(key);
   request.Resolution(L"LO");
-  const auto chart = request.submit();
-  if (chart == nullptr || chart->Error() || chart->Count() != 1) return {};
-  return bytesOf(chart->Item(1)->FilePath());
+  return request.submit();
 }
 
 /// Why there is no answer, without the request; empty when there is one.
@@ -123,7 +121,7 @@ class Pilot {
 
   void submit(int turn) {
     const std::wstring problem = turn % 128 == 8   ? brief()
-                                 : turn % 16 == 0  ? fetchChart()
+                                 : turn % 16 == 0  ? fetchOwnChart()
                                  : turn % 16 == 12 ? logInAsOther()
                                                    : logIn();
     ++shared_.submits;
@@ -149,8 +147,9 @@ class Pilot {
     ownRequestor = " requestor=\"" + text::toUtf8(request.abstractReq().User()) + "\" password=";
     const auto response = request.submit();
     ownRequestor.swap(otherRequestor_);
-    if (errorOf(response.get()).find(L"NAIPS Error: ") == std::wstring::npos) {
-      return L"log-in with the password of another: not refused; " + errorOf(response.get());
+    const std::wstring error = errorOf(response.get());
+    if (error.find(L"NAIPS Error: ") == std::wstring::npos) {
+      return L"log-in with the password of another: not refused; " + error;
     }
     return response->Name().empty() ? L"" : L"log-in with the password of another: a name";
   }
@@ -173,12 +172,9 @@ class Pilot {
     return {};
   }
 
-  std::wstring fetchChart() {
+  std::wstring fetchOwnChart() {
     const std::size_t which = static_cast<std::size_t>(number_) % chartKeys.size();
-    GetChartRqs request;
-    request.Key(chartKeys[which]);
-    request.Resolution(L"LO");
-    const auto chart = request.submit();
+    const auto chart = fetchChart(chartKeys[which]);
     if (auto error = errorOf(chart.get()); !error.empty()) return L"chart: " + error;
     if (chart->Count() != 1) return L"chart: none";
     const std::wstring file = chart->Item(1)->FilePath();
@@ -215,7 +211,10 @@ TEST(Load, SixtyFourAccountsAndModesGetTheirOwnAnswersEachOnce) {
   simulator::use(true);
   Shared shared;
   for (std::size_t i = 0; i < chartKeys.size(); ++i) {
-    shared.charts[i] = chartBytes(chartKeys[i]);
+    const auto chart = fetchChart(chartKeys[i]);
+    ASSERT_EQ(errorOf(chart.get()), L"");
+    ASSERT_EQ(chart->Count(), 1);
+    shared.charts[i] = bytesOf(chart->Item(1)->FilePath());
     ASSERT_TRUE(shared.charts[i].starts_with("\x89PNG")) << i;
   }
   setCallObserver([&shared](const ServiceCall& call) {

@@ -2,6 +2,8 @@
 #include <ktpnaips/platform/http.h>
 #include <ktpnaips/platform/text.h>
 
+#include <cstdlib>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -176,6 +178,19 @@ TEST_F(HttpTls, TrustsTheIssuersThatTheEnvironmentNames) {
   call.route.caFile.clear();
   EXPECT_EQ(run(call).code, 12045U);
   const ScopedEnvironment issuers("SSL_CERT_FILE", authority_.file());
+  EXPECT_EQ(run(call).code, 0U);
+}
+
+TEST_F(HttpTls, TrustsTheFolderOfIssuersThatTheEnvironmentNames) {
+  const ScratchFolder folder;
+  putFile(folder.path() / "authority.pem", contentOf(authority_.file()));
+  ASSERT_EQ(std::system(("openssl rehash " + folder.path().string()).c_str()), 0);
+  const RawServer server(answering(authority_.server({})));
+  HttpCall call = callTo(server);
+  call.route.caFile.clear();
+  EXPECT_EQ(run(call).code, 12045U);
+  const ScopedEnvironment noFile("SSL_CERT_FILE", std::nullopt);
+  const ScopedEnvironment issuers("SSL_CERT_DIR", folder.path().string());
   EXPECT_EQ(run(call).code, 0U);
 }
 
