@@ -242,9 +242,9 @@ TEST(XmlNode, TakesNoNameThatNamespacesReserve) {
       {L"xmlns", L""},      {L"xmlns", L"urn:x"}, {L"xmlns:p", L"urn:x"},
       {L"xml:p", L"urn:x"}, {L"xml:p", L""},      {L"p:a", xmlNamespace},
   };
-  for (const auto& [name, uri] : names) {
-    EXPECT_LT(test::faultOf([&] { root.appendElement(name, uri, L""); }), 0);
-    EXPECT_LT(test::faultOf([&] { root.setAttribute(name, uri, L""); }), 0);
+  for (const auto& each : names) {
+    EXPECT_LT(test::faultOf([&] { root.appendElement(each.first, each.second, L""); }), 0);
+    EXPECT_LT(test::faultOf([&] { root.setAttribute(each.first, each.second, L""); }), 0);
   }
   root.setAttribute(L"xml:lang", xmlNamespace, L"en");
   EXPECT_EQ(document.serialise(), "<a xml:lang=\"en\"/>");
