@@ -1,13 +1,15 @@
 #include <ktpnaips/platform/posix/xml_document.h>
-#include <ktpnaips/platform/posix/xml_memory.h>
+#include <ktpnaips/platform/posix/xml_expression.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
-#include <ktpnaips/platform/xml.h>
 
+#include <cstdint>
+#include <string>
+#include <string_view>
 #include <type_traits>
+#include <utility>
 
 namespace ktpnaips::xml {
-
 namespace {
 
 SharedDocument* shared(void* owner) noexcept {
@@ -24,45 +26,85 @@ void release(void* owner) noexcept {
   }
 }
 
-/// The text of a node that holds it in one piece, without a copy; null otherwise.
-const xmlChar* onlyText(xmlNodePtr node) {
-  const bool isText = node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE ||
-                      node->type == XML_COMMENT_NODE || node->type == XML_PI_NODE;
-  if (isText) return node->content != nullptr ? node->content : asXml("");
-  if (node->children == nullptr) return asXml("");
-  const bool single = node->children->next == nullptr && node->children->type == XML_TEXT_NODE;
-  return single && node->type != XML_DOCUMENT_NODE ? node->children->content : nullptr;
+bool isCharacterData(Kind kind) {
+  return kind == Kind::text || kind == Kind::data;
 }
 
-xmlNodePtr contentRoot(xmlNodePtr node) {
-  return node->type == XML_DOCUMENT_NODE ? xmlDocGetRootElement(node->doc) : node;
+/// The text below a node, however deep it lies.
+std::string collectedText(const Tree& tree, Index top) {
+  std::string text(tree.textOf(top));
+  for (Index node = tree[top].firstChild; node != 0; node = tree.following(node, top)) {
+    const Kind kind = tree[node].kind();
+    if (isCharacterData(kind) || kind == Kind::element) text += tree.textOf(node);
+  }
+  return text;
+}
+
+std::string_view qualifiedNameOf(const Tree& tree, Place place) {
+  if (place.isText) return "#text";
+  switch (tree[place.node].kind()) {
+    case Kind::document:
+      return "#document";
+    case Kind::text:
+      return "#text";
+    case Kind::data:
+      return "#cdata-section";
+    case Kind::comment:
+      return "#comment";
+    default:
+      return tree.nameOf(place.node).qualified;
+  }
+}
+
+/// The text that an element or an attribute starts with.
+Node firstText(const Node& node) {
+  const Place place = NodeAccess::place(node);
+  SharedDocument& owner = NodeAccess::owner(node);
+  const Kind kind = owner.tree[place.node].kind();
+  const bool mayHold = !place.isText && (kind == Kind::element || kind == Kind::attribute);
+  if (!mayHold || owner.tree.textOf(place.node).empty()) return {};
+  return NodeAccess::make(&owner, Place{place.node, true});
 }
 
 }  // namespace
 
-SharedDocument::~SharedDocument() {
-  for (const xmlNodePtr each : grafts) xmlUnlinkNode(each);
+SharedDocument::SharedDocument() = default;
+
+SharedDocument::~SharedDocument() = default;
+
+Node NodeAccess::make(SharedDocument* owner, Place place) {
+  retain(owner);
+  return Node(owner, handleOf(place));
 }
 
-Node NodeAccess::make(SharedDocument* owner, xmlNodePtr node) {
-  if (node == nullptr) return {};
-  retain(owner);
-  return Node(owner, node);
+Node NodeAccess::make(SharedDocument* owner, Index node) {
+  return node != 0 ? make(owner, Place{node}) : Node();
 }
 
 Document NodeAccess::makeDocument(SharedDocument* owner) {
   retain(owner);
-  return Document(owner, owner->document.get());
+  return Document(owner, handleOf({}));
 }
 
 SharedDocument& NodeAccess::owner(const Node& node) {
-  raw(node);
+  if (!node) throw RuntimeFault(fault::objectNotSet);
   return *shared(node.owner_);
 }
 
-xmlNodePtr NodeAccess::raw(const Node& node) {
-  if (!node) throw RuntimeFault(fault::objectNotSet);
-  return static_cast<xmlNodePtr>(node.node_);
+Place NodeAccess::place(const Node& node) {
+  owner(node);
+  return placeOf(node.node_);
+}
+
+Place NodeAccess::placeOf(const void* handle) {
+  const auto number = reinterpret_cast<std::uintptr_t>(handle);  // NOLINT: as `handleOf` made it
+  return {static_cast<Index>((number >> 1U) - 1), (number & 1U) != 0};
+}
+
+void* NodeAccess::handleOf(Place place) {
+  const auto number =
+      (static_cast<std::uintptr_t>(place.node) + 1) << 1U | (place.isText ? 1U : 0U);
+  return reinterpret_cast<void*>(number);  // NOLINT: no address, but never null
 }
 
 Node::Node(const Node& other) noexcept : owner_(other.owner_), node_(other.node_) {
@@ -92,7 +134,7 @@ Node::~Node() {
 }
 
 bool Node::isSameAs(const Node& other) const noexcept {
-  return node_ == other.node_;
+  return owner_ == other.owner_ && node_ == other.node_;
 }
 
 Document Node::ownerDocument() const {
@@ -100,38 +142,41 @@ Document Node::ownerDocument() const {
 }
 
 bool Node::isElement() const {
-  return NodeAccess::raw(*this)->type == XML_ELEMENT_NODE;
+  const Place place = NodeAccess::place(*this);
+  return !place.isText && shared(owner_)->tree[place.node].kind() == Kind::element;
 }
 
 std::wstring Node::name() const {
-  const xmlNodePtr node = NodeAccess::raw(*this);
-  if (node->type == XML_TEXT_NODE) return L"#text";
-  if (node->type == XML_COMMENT_NODE) return L"#comment";
-  if (node->type == XML_DOCUMENT_NODE) return L"#document";
-  std::string name;
-  const bool named = node->type == XML_ELEMENT_NODE || node->type == XML_ATTRIBUTE_NODE;
-  if (named && node->ns != nullptr && node->ns->prefix != nullptr) {
-    name = std::string(asChars(node->ns->prefix)) + ':';
-  }
-  return text::fromUtf8(name + asChars(node->name));
+  const Place place = NodeAccess::place(*this);
+  return text::fromUtf8(qualifiedNameOf(shared(owner_)->tree, place));
 }
 
 std::wstring Node::namespaceUri() const {
-  const xmlNodePtr node = NodeAccess::raw(*this);
-  const bool named = node->type == XML_ELEMENT_NODE || node->type == XML_ATTRIBUTE_NODE;
-  return named && node->ns != nullptr ? text::fromUtf8(asChars(node->ns->href)) : std::wstring();
+  const Place place = NodeAccess::place(*this);
+  const Tree& tree = shared(owner_)->tree;
+  const Kind kind = tree[place.node].kind();
+  const bool isNamed = !place.isText && (kind == Kind::element || kind == Kind::attribute);
+  return isNamed ? text::fromUtf8(tree.names.uris[tree.nameOf(place.node).uri]) : std::wstring();
 }
 
 Node Node::firstChild() const {
-  return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->children);
+  if (Node text = firstText(*this)) return text;
+  const Place place = NodeAccess::place(*this);
+  return place.isText
+             ? Node()
+             : NodeAccess::make(shared(owner_), shared(owner_)->tree[place.node].firstChild);
 }
 
 Node Node::lastChild() const {
-  return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->last);
+  const Place place = NodeAccess::place(*this);
+  const Index last = place.isText ? 0 : shared(owner_)->tree[place.node].lastChild;
+  return last != 0 ? NodeAccess::make(shared(owner_), last) : firstText(*this);
 }
 
 Node Node::nextSibling() const {
-  return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->next);
+  const Place place = NodeAccess::place(*this);
+  const Entry& entry = shared(owner_)->tree[place.node];
+  return NodeAccess::make(shared(owner_), place.isText ? entry.firstChild : entry.next);
 }
 
 std::wstring Node::text() const {
@@ -148,28 +193,30 @@ std::wstring Node::text() const {
 
 void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
                         void (*)(void*, std::wstring_view)) const {
-  const xmlNodePtr node = NodeAccess::raw(*this);
-  if (const xmlChar* content = onlyText(node); content != nullptr) {
-    utf8(reader, asChars(content));
-    return;
+  const Place place = NodeAccess::place(*this);
+  const Tree& tree = shared(owner_)->tree;
+  const Index node = place.node == 0 ? tree.documentElement() : place.node;
+  const Index child = tree[node].firstChild;
+  if (tree[node].kind() == Kind::declaration) {
+    utf8(reader, tree.names.uris[tree.nameOf(node).uri]);
+  } else if (place.isText || child == 0) {
+    utf8(reader, tree.textOf(node));
+  } else if (!tree[node].hasText() && tree[child].next == 0 &&
+             isCharacterData(tree[child].kind())) {
+    utf8(reader, tree.textOf(child));
+  } else {
+    utf8(reader, collectedText(tree, node));
   }
-  const MemoryWatch watch;
-  const XmlText collected(xmlNodeGetContent(contentRoot(node)));
-  watch.check();
-  utf8(reader, asChars(made(collected.get())));
 }
 
 Document Document::create() {
-  initialiseLibrary();
-  const MemoryWatch watch;
-  auto owner = std::make_unique<SharedDocument>(Tree(made(xmlNewDoc(asXml("1.0")))));
-  watch.check();
+  auto owner = std::make_unique<SharedDocument>();
   return NodeAccess::makeDocument(owner.release());
 }
 
 Node Document::documentElement() const {
-  const xmlDocPtr document = NodeAccess::owner(*this).document.get();
-  return NodeAccess::make(shared(owner_), xmlDocGetRootElement(document));
+  SharedDocument& owner = NodeAccess::owner(*this);
+  return NodeAccess::make(&owner, owner.tree.documentElement());
 }
 
 }  // namespace ktpnaips::xml

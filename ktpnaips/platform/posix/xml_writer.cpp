@@ -1,138 +1,177 @@
 #include <ktpnaips/platform/posix/xml_document.h>
-#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/xml.h>
 
-#include <array>
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace ktpnaips::xml {
 namespace {
 
-using NodeCopy = std::unique_ptr<xmlNode, FreeWith<xmlFreeNode>>;
-
-/// A copy of an element that stands in another one, declaring the namespaces that it has from
-/// around; nothing for what can be written where it is.
-NodeCopy partOfADocument(xmlNodePtr node) {
-  const bool isPart = node->type == XML_ELEMENT_NODE && node->parent != nullptr &&
-                      node->parent->type == XML_ELEMENT_NODE;
-  if (!isPart) return nullptr;
-  const MemoryWatch watch;
-  NodeCopy copy(made(xmlDocCopyNode(node, node->doc, 1)));
-  watch.check();
-  return copy;
-}
-
-/// Writes a tree, in the one form that all platforms send. Depth costs no stack.
+/// Writes a node with what it holds, in the one form that all platforms send: each prefix is
+/// declared where it was parsed or else where it is first needed. A part of a document also
+/// declares, at its start, what it has from around. Depth costs no stack.
 class Writer {
  public:
-  void write(const xmlNode* root) {
-    for (const xmlNode* node = root;;) {
+  Writer(const Tree& tree, Index top) : tree_(tree), top_(top) {}
+
+  std::string write() {
+    for (Index node = top_;;) {
       if (open(node)) {
-        node = node->children;
+        node = tree_[node].firstChild;
         continue;
       }
-      while (node != root && node->next == nullptr) {
-        node = node->parent;
+      while (node != top_ && tree_[node].next == 0) {
+        node = tree_[node].parent;
         close(node);
       }
-      if (node == root) return;
-      node = node->next;
+      if (node == top_) break;
+      node = tree_[node].next;
     }
+    xml_.insert(endOfDeclarations_, fromAround_);
+    return std::move(xml_);
   }
 
-  std::string take() { return std::move(xml_); }
+  std::string writeText(std::string_view text) {
+    escape(xml_, text, false);
+    return std::move(xml_);
+  }
 
  private:
+  struct InScope {
+    Index binding;
+    Index element;
+  };
+
   void put(std::initializer_list<std::string_view> parts) {
     for (const auto part : parts) xml_ += part;
   }
 
   /// True when the node's children are to be written, then its end.
-  bool open(const xmlNode* node) {
-    switch (node->type) {
-      case XML_ELEMENT_NODE:
+  bool open(Index node) {
+    const std::string_view text = tree_.textOf(node);
+    switch (tree_[node].kind()) {
+      case Kind::element:
         return openElement(node);
-      case XML_ATTRIBUTE_NODE:
-        putAttribute(reinterpret_cast<const xmlAttr*>(node));  // NOLINT: DOM base
+      case Kind::attribute:
+      case Kind::declaration:
+        putAttribute(node);
         break;
-      case XML_TEXT_NODE:
-        escape(contentOf(node), false);
+      case Kind::text:
+        escape(xml_, text, false);
         break;
-      case XML_CDATA_SECTION_NODE:
-        put({"<![CDATA[", asChars(contentOf(node)), "]]>"});
+      case Kind::data:
+        put({"<![CDATA[", text, "]]>"});
         break;
-      case XML_COMMENT_NODE:
-        put({"<!--", asChars(contentOf(node)), "-->"});
+      case Kind::comment:
+        put({"<!--", text, "-->"});
         break;
-      case XML_PI_NODE:
-        put({"<?", asChars(node->name), node->content != nullptr ? " " : "",
-             asChars(contentOf(node)), "?>"});
+      case Kind::instruction:
+        put({"<?", tree_.nameOf(node).qualified, tree_[node].hasText() ? " " : "", text, "?>"});
         break;
-      default:
+      case Kind::document:
         break;
     }
     return false;
   }
 
-  bool openElement(const xmlNode* element) {
-    xml_ += '<';
-    putName(element->ns, element->name);
-    for (const xmlNs* each = element->nsDef; each != nullptr; each = each->next) {
-      xml_ += " xmlns";
-      if (each->prefix != nullptr) put({":", asChars(each->prefix)});
-      xml_ += "=\"";
-      if (each->href != nullptr) escape(each->href, true);
-      xml_ += '"';
+  bool openElement(Index element) {
+    const Entry& entry = tree_[element];
+    put({"<", tree_.nameOf(element).qualified});
+    Index attribute = entry.firstAttribute;
+    for (Index each = attribute; each != 0; each = tree_[each].next) {
+      if (tree_[each].kind() == Kind::declaration)
+        declare(xml_, tree_.nameOf(each).binding, element);
     }
-    for (const xmlAttr* each = element->properties; each != nullptr; each = each->next) {
+    if (element == top_) endOfDeclarations_ = xml_.size();
+    const bool isAsAround =
+        element != top_ && tree_.nameOf(element).binding == tree_.nameOf(entry.parent).binding;
+    if (!isAsAround) require(tree_.nameOf(element).binding, element);
+    for (Index each = attribute; each != 0; each = tree_[each].next) {
+      const Name& name = tree_.nameOf(each);
+      if (tree_[each].kind() == Kind::attribute && name.hasPrefix()) require(name.binding, element);
+    }
+    for (; attribute != 0; attribute = tree_[attribute].next) {
+      if (tree_[attribute].kind() != Kind::attribute) continue;
       xml_ += ' ';
-      putAttribute(each);
+      putAttribute(attribute);
     }
-    xml_ += element->children != nullptr ? ">" : "/>";
-    return element->children != nullptr;
+    const bool hasContent = entry.hasText() || entry.firstChild != 0;
+    xml_ += hasContent ? ">" : "/>";
+    escape(xml_, tree_.textOf(element), false);
+    if (hasContent && entry.firstChild == 0) close(element);
+    if (!hasContent) leave(element);
+    return entry.firstChild != 0;
   }
 
-  void close(const xmlNode* element) {
-    xml_ += "</";
-    putName(element->ns, element->name);
-    xml_ += '>';
+  void close(Index element) {
+    put({"</", tree_.nameOf(element).qualified, ">"});
+    leave(element);
   }
 
-  void putName(const xmlNs* space, const xmlChar* name) {
-    if (space != nullptr && space->prefix != nullptr) put({asChars(space->prefix), ":"});
-    xml_ += asChars(name);
+  void leave(Index element) {
+    while (!inScope_.empty() && inScope_.back().element == element) inScope_.pop_back();
   }
 
-  void putAttribute(const xmlAttr* attribute) {
-    putName(attribute->ns, attribute->name);
-    xml_ += "=\"";
-    for (const xmlNode* part = attribute->children; part != nullptr; part = part->next) {
-      if (part->type == XML_TEXT_NODE) escape(contentOf(part), true);
+  /// Declares a prefix unless it is.
+  void require(Index binding, Index element) {
+    const Binding& wanted = tree_.names.bindings[binding];
+    if (wanted.prefix == "xml") return;
+    for (auto each = inScope_.rbegin(); each != inScope_.rend(); ++each) {
+      if (each->binding == binding) return;
+      if (tree_.names.bindings[each->binding].prefix == wanted.prefix) {
+        declare(xml_, binding, element);
+        return;
+      }
     }
+    const auto around = tree_.lookUp(wanted.prefix, tree_[top_].parent);
+    if (binding != 0 && around != wanted.uri) {
+      declare(xml_, binding, element);
+      return;
+    }
+    // As long as the part is written: nothing in it is in another namespace for want of a prefix.
+    inScope_.insert(inScope_.begin(), {binding, top_});
+    if (binding != 0) putDeclaration(fromAround_, binding);
+  }
+
+  void declare(std::string& to, Index binding, Index element) {
+    inScope_.push_back({binding, element});
+    putDeclaration(to, binding);
+  }
+
+  void putDeclaration(std::string& to, Index binding) {
+    const auto& [prefix, uri] = tree_.names.bindings[binding];
+    to += prefix.empty() ? " xmlns" : " xmlns:";
+    to += prefix;
+    to += "=\"";
+    escape(to, tree_.names.uris[uri], true);
+    to += '"';
+  }
+
+  void putAttribute(Index attribute) {
+    const Name& name = tree_.nameOf(attribute);
+    const bool isDeclaration = tree_[attribute].kind() == Kind::declaration;
+    put({name.qualified, "=\""});
+    escape(xml_, isDeclaration ? tree_.names.uris[name.uri] : tree_.textOf(attribute), true);
     xml_ += '"';
   }
 
-  void escape(const xmlChar* text, bool inAttribute) {
-    const char* written = asChars(text);
-    const char* at = written;
-    for (; *at != '\0'; ++at) {
-      const bool isSpecial = *at == '&' || *at == '<' || *at == '>' || *at == '\r' ||
-                             (inAttribute && (*at == '"' || *at == '\n' || *at == '\t'));
+  static void escape(std::string& to, std::string_view text, bool inAttribute) {
+    std::size_t written = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      const char c = text[at];
+      if (c > '>') continue;
+      const bool isSpecial = c == '&' || c == '<' || c == '>' || c == '\r' ||
+                             (inAttribute && (c == '"' || c == '\n' || c == '\t'));
       if (!isSpecial) continue;
-      xml_.append(written, at);
-      xml_ += reference(*at);
+      to.append(text, written, at - written);
+      to += reference(c);
       written = at + 1;
     }
-    xml_.append(written, at);
-  }
-
-  static const xmlChar* contentOf(const xmlNode* text) {
-    return text->content != nullptr ? text->content : asXml("");
+    to.append(text, written);
   }
 
   static std::string_view reference(char c) {
@@ -154,20 +193,24 @@ class Writer {
     }
   }
 
+  const Tree& tree_;
+  Index top_;
   std::string xml_;
+  std::vector<InScope> inScope_;
+  std::size_t endOfDeclarations_ = 0;  ///< those of the first element
+  std::string fromAround_;             ///< what it declares for the part
 };
 
 }  // namespace
 
 std::string Node::serialise() const {
-  if (NodeAccess::owner(*this).hasForbiddenCharacters) throw RuntimeFault(fault::invalidCall);
-  xmlNodePtr root = NodeAccess::raw(*this);
-  if (root->type == XML_DOCUMENT_NODE) root = xmlDocGetRootElement(root->doc);
-  if (root == nullptr) return {};
-  const NodeCopy part = partOfADocument(root);
-  Writer writer;
-  writer.write(part != nullptr ? part.get() : root);
-  return writer.take();
+  const SharedDocument& document = NodeAccess::owner(*this);
+  if (document.hasForbiddenCharacters) throw RuntimeFault(fault::invalidCall);
+  const auto [node, isText] = NodeAccess::place(*this);
+  const Index top = node == 0 ? document.tree.documentElement() : node;
+  if (top == 0) return {};
+  Writer writer(document.tree, top);
+  return isText ? writer.writeText(document.tree.textOf(top)) : writer.write();
 }
 
 }  // namespace ktpnaips::xml

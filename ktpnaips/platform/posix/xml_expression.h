@@ -1,0 +1,49 @@
+#pragma once
+
+#include <ktpnaips/platform/posix/xml_document.h>
+#include <ktpnaips/platform/posix/xml_library.h>
+
+#include <libxml/tree.h>
+#include <libxml/xpath.h>
+
+#include <memory>
+#include <memory_resource>
+#include <string_view>
+#include <vector>
+
+namespace ktpnaips::xml {
+
+/// A tree as libxml2 knows trees, for expressions that are more than paths. It ends when the tree
+/// changes.
+class ExpressionDocument {
+ public:
+  ExpressionDocument(Tree& tree, const std::vector<Binding>& bindings);
+  ExpressionDocument(const ExpressionDocument&) = delete;
+  ExpressionDocument& operator=(const ExpressionDocument&) = delete;
+  ~ExpressionDocument();
+
+  /// What the expression selects, in document order. Throws when it does not select nodes.
+  std::vector<Place> select(Place from, std::string_view expression);
+
+ private:
+  template <class T>
+  T* make(xmlElementType type, const char* name, Place place);
+  xmlNodePtr addChild(xmlNodePtr parent, xmlElementType type, const char* name, Place place);
+  void addText(xmlNodePtr parent, xmlElementType type, Place place);
+  void copy(Index node);
+  void copyAttributes(xmlNodePtr element, Index node);
+  void declare(xmlNodePtr element, Index binding);
+  void require(xmlNodePtr element, Index node, const Name& name);
+  xmlNsPtr makeSpace(Index binding);
+  xmlNsPtr spaceOf(Index binding);
+  Place placeOf(const xmlNode* node);
+
+  Tree& tree_;
+  std::pmr::monotonic_buffer_resource memory_;  // holds all nodes
+  std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>> document_;
+  std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>> context_;
+  std::vector<xmlNodePtr> nodes_;  // by their numbers in the tree
+  std::vector<xmlNsPtr> spaces_;   // by the numbers of bindings
+};
+
+}  // namespace ktpnaips::xml
