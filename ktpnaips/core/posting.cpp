@@ -41,8 +41,7 @@ void Utils::aaapost(std::int32_t service, std::wstring_view requestName, const I
     const std::string document = requestDocument(request);
     if (response == nullptr) response = std::make_shared<AbstractResponse>();
     std::string answer = winInet::winInetSend(url, requestName, document);
-    if (const xml::Document parsed = xml::Document::parse(answer)) {
-      std::string().swap(answer);  // its memory is needed for what is decoded from the document
+    if (const xml::Document parsed = xml::Document::parseInPlace(answer)) {
       response->ResponseDoc(parsed);
     } else {
       refuse(*response, answer);

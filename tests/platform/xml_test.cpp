@@ -133,6 +133,16 @@ TEST(XmlDocument, DeclaresAPrefixAnewWhereItStandsForSomethingElse) {
       "<p:a xmlns:p=\"urn:1\"><b xmlns:p=\"urn:2\" p:x=\"\"><p:c xmlns:p=\"urn:1\"/></b></p:a>");
 }
 
+TEST(XmlDocument, IsWrittenUpToAThousandLevels) {
+  const Document document = Document::create();
+  Node inner = document.appendElement(L"a", L"", L"");
+  for (int i = 1; i < 1000; ++i) inner = inner.appendElement(L"a", L"", L"");
+  EXPECT_EQ(document.serialise().size(), 999 * 7U + 4);
+  const Node tooDeep = inner.appendElement(L"a", L"", L"");
+  EXPECT_EQ(test::faultOf([&] { (void)document.serialise(); }), fault::invalidCall);
+  EXPECT_EQ(inner.serialise(), "<a><a/></a>");
+}
+
 TEST(XmlDocument, IsItsOwnOwner) {
   const Document document = Document::create();
   const Node root = document.appendElement(L"a", L"", L"");

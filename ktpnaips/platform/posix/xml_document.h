@@ -5,11 +5,16 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace ktpnaips::xml {
 
 class ExpressionDocument;
+
+/// A prefix of expressions and the number of the URI that it stands for.
+using Binding = std::pair<std::string, Index>;
 
 /// A document with what belongs to it, counted by the handles on its nodes.
 struct SharedDocument {
@@ -19,8 +24,9 @@ struct SharedDocument {
   ~SharedDocument();
 
   Tree tree;
-  std::vector<Binding> bindings;                    ///< the prefixes of expressions
-  std::unique_ptr<ExpressionDocument> expressions;  ///< made when it is first needed
+  std::vector<Binding> bindings;
+  std::unique_ptr<ExpressionDocument> expressions;  ///< until the tree changes
+  std::pair<std::wstring, Index> lastUri;           ///< of those that names were added with
   bool hasForbiddenCharacters = false;
   std::atomic<long> references{0};
 };
@@ -28,20 +34,21 @@ struct SharedDocument {
 /// What a handle stands for.
 struct Place {
   Index node = 0;
-  bool isText = false;  ///< the text that the node, an element, starts with
-  friend bool operator==(const Place&, const Place&) = default;
+  bool isText = false;  ///< the text that the node starts with, in place of the node
 };
 
 /// Between handles and the tree.
 struct NodeAccess {
-  static Node make(SharedDocument* owner, Place place);
+  static Node make(SharedDocument& owner, Place place);
   /// No node for number 0.
-  static Node make(SharedDocument* owner, Index node);
-  static Document makeDocument(SharedDocument* owner);
+  static Node make(SharedDocument& owner, Index node);
+  static Document makeDocument(SharedDocument& owner);
+  /// Throw fault 91 for an empty handle.
   static SharedDocument& owner(const Node& node);
   static Place place(const Node& node);
-  static Place placeOf(const void* handle);
+
   static void* handleOf(Place place);
+  static Place placeOf(const void* handle);
 };
 
 }  // namespace ktpnaips::xml

@@ -5,10 +5,7 @@
 #include <libxml/xpathInternals.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
-#include <new>
-#include <string>
 
 namespace ktpnaips::xml {
 namespace {
@@ -17,39 +14,30 @@ using Result = std::unique_ptr<xmlXPathObject, FreeWith<xmlXPathFreeObject>>;
 
 constexpr auto invalidExpression = static_cast<std::int32_t>(0x80004005U);
 
-/// libxml2's base of all nodes but namespaces.
+/// libxml2's base of all nodes, and of namespaces where it takes them for nodes.
 template <class T>
 xmlNodePtr asNode(T* object) {
   return reinterpret_cast<xmlNodePtr>(object);  // NOLINT: they start alike
 }
 
-/// Throws when libxml2 has had no memory: it leaves out what it has no room for.
-void checkMemory(const xmlXPathContext* context = nullptr) {
-  const auto* const error = xmlGetLastError();
-  const bool isShort = (error != nullptr && error->code == XML_ERR_NO_MEMORY) ||
-                       (context != nullptr && context->lastError.code == XML_ERR_NO_MEMORY);
-  if (isShort) throw std::bad_alloc();
+xmlElementType typeOf(Kind kind) {
+  if (kind == Kind::data) return XML_CDATA_SECTION_NODE;
+  if (kind == Kind::comment) return XML_COMMENT_NODE;
+  return kind == Kind::instruction ? XML_PI_NODE : XML_TEXT_NODE;
 }
 
-xmlElementType typeOf(Kind kind) {
-  switch (kind) {
-    case Kind::element:
-      return XML_ELEMENT_NODE;
-    case Kind::data:
-      return XML_CDATA_SECTION_NODE;
-    case Kind::comment:
-      return XML_COMMENT_NODE;
-    case Kind::instruction:
-      return XML_PI_NODE;
-    default:
-      return XML_TEXT_NODE;
-  }
+/// Throws when libxml2 has had no memory: it leaves out what it has no room for.
+void checkMemory(const xmlXPathContext& context) {
+  const auto* const error = xmlGetLastError();
+  const bool isShort = (error != nullptr && error->code == XML_ERR_NO_MEMORY) ||
+                       context.lastError.code == XML_ERR_NO_MEMORY;
+  if (isShort) throw std::bad_alloc();
 }
 
 }  // namespace
 
 ExpressionDocument::ExpressionDocument(Tree& tree, const std::vector<Binding>& bindings)
-    : tree_(tree), nodes_(tree.size()), spaces_(tree.names.bindings.size()) {
+    : tree_(tree), nodes_(tree.size()) {
   initialiseLibrary();
   document_.reset(made(xmlNewDoc(asXml("1.0"))));
   document_->_private = NodeAccess::handleOf({});
@@ -60,14 +48,14 @@ ExpressionDocument::ExpressionDocument(Tree& tree, const std::vector<Binding>& b
   context_->error = [](void*, auto*) {};  // it would print what is wrong
   for (const auto& [prefix, uri] : bindings) {
     const xmlChar* const name = asXml(prefix.c_str());
-    xmlXPathRegisterNs(context_.get(), name, asXml(tree.names.uris[uri].c_str()));
+    xmlXPathRegisterNs(context_.get(), name, asXml(tree.names.uriOf(uri).c_str()));
     made(xmlXPathNsLookup(context_.get(), name));
   }
-  checkMemory();
+  checkMemory(*context_);
 }
 
 ExpressionDocument::~ExpressionDocument() {
-  document_->children = document_->last = nullptr;
+  if (document_ != nullptr) document_->children = document_->last = nullptr;
 }
 
 std::vector<Place> ExpressionDocument::select(Place from, std::string_view expression) {
@@ -77,7 +65,7 @@ std::vector<Place> ExpressionDocument::select(Place from, std::string_view expre
   xmlResetLastError();
   xmlResetError(&context_->lastError);
   const Result result(xmlXPathEvalExpression(asXml(text.c_str()), context_.get()));
-  checkMemory(context_.get());
+  checkMemory(*context_);
   if (result == nullptr || result->type != XPATH_NODESET) {
     throw RuntimeFault(invalidExpression, L"The expression \"" + text::fromUtf8(expression) +
                                               L"\" does not select nodes.");
@@ -107,17 +95,19 @@ xmlNodePtr ExpressionDocument::addChild(xmlNodePtr parent, xmlElementType type, 
   node->parent = parent;
   node->prev = parent->last;
   (parent->last != nullptr ? parent->last->next : parent->children) = node;
-  parent->last = node;
-  return node;
+  return parent->last = node;
+}
+
+xmlChar* ExpressionDocument::copied(std::string_view text) {
+  auto* const copy = static_cast<xmlChar*>(memory_.allocate(text.size() + 1, 1));
+  *std::ranges::copy(text, copy).out = 0;
+  return copy;
 }
 
 void ExpressionDocument::addText(xmlNodePtr parent, xmlElementType type, Place place) {
-  const std::string_view text = tree_.textOf(place.node);
-  auto* const content = static_cast<xmlChar*>(memory_.allocate(text.size() + 1, 1));
-  *std::ranges::copy(text, content).out = 0;
-  const char* const name =
-      type == XML_PI_NODE ? tree_.nameOf(place.node).qualified.c_str() : nullptr;
-  addChild(parent, type, name, place)->content = content;
+  const bool isNamed = type == XML_PI_NODE;
+  const char* const name = isNamed ? tree_.nameOf(place.node).qualified.c_str() : nullptr;
+  addChild(parent, type, name, place)->content = copied(tree_.textOf(place.node));
 }
 
 void ExpressionDocument::copy(Index node) {
@@ -128,84 +118,67 @@ void ExpressionDocument::copy(Index node) {
     return;
   }
   const Name& name = tree_.nameOf(node);
-  const xmlNodePtr element =
-      addChild(parent, XML_ELEMENT_NODE, name.qualified.c_str() + name.localAt, Place{node});
+  const char* const local = name.qualified.c_str() + name.localAt;
+  const xmlNodePtr element = addChild(parent, XML_ELEMENT_NODE, local, Place{node});
   nodes_[node] = element;
-  element->ns = spaceOf(name.binding);
+  if (name.uri != 0) element->ns = spaceOf(name.prefix(), name.uri);
   copyAttributes(element, node);
-  require(element, node, name);
+  declare(element, node, node);
   if (!tree_.textOf(node).empty()) addText(element, XML_TEXT_NODE, Place{node, true});
 }
 
 void ExpressionDocument::copyAttributes(xmlNodePtr element, Index node) {
   xmlAttrPtr last = nullptr;
   for (Index each = tree_[node].firstAttribute; each != 0; each = tree_[each].next) {
+    declare(element, node, each);
+    if (tree_[each].kind() == Kind::declaration) continue;
     const Name& name = tree_.nameOf(each);
-    if (tree_[each].kind() == Kind::declaration) {
-      declare(element, name.binding);
-      continue;
-    }
-    auto* const attribute =
-        make<xmlAttr>(XML_ATTRIBUTE_NODE, name.qualified.c_str() + name.localAt, Place{each});
+    const char* const local = name.qualified.c_str() + name.localAt;
+    auto* const attribute = make<xmlAttr>(XML_ATTRIBUTE_NODE, local, Place{each});
     attribute->parent = element;
-    attribute->ns = spaceOf(name.binding);
-    addText(asNode(attribute), XML_TEXT_NODE, Place{each, true});
+    if (name.uri != 0) attribute->ns = spaceOf(name.prefix(), name.uri);
     attribute->prev = last;
     (last != nullptr ? last->next : element->properties) = attribute;
     last = attribute;
     nodes_[each] = asNode(attribute);
-    if (name.hasPrefix()) require(element, node, name);
+    addText(nodes_[each], XML_TEXT_NODE, Place{each, true});
   }
 }
 
-void ExpressionDocument::declare(xmlNodePtr element, Index binding) {
+/// Adds the declaration that a node is, or that its name needs where none is around.
+void ExpressionDocument::declare(xmlNodePtr element, Index node, Index named) {
+  const auto prefix = tree_.prefixOf(named);
+  const Index uri = tree_.nameOf(named).uri;
+  const bool isAround = prefix.has_value() && tree_[named].kind() != Kind::declaration &&
+                        tree_.lookUp(*prefix, tree_[node].parent).value_or(0) == uri;
+  if (!prefix.has_value() || *prefix == "xml" || isAround) return;
   xmlNsPtr* end = &element->nsDef;
-  for (; *end != nullptr; end = &(*end)->next) {
-    if (xmlStrEqual((*end)->prefix, makeSpace(binding)->prefix) != 0) return;
-  }
-  *end = makeSpace(binding);
+  while (*end != nullptr && viewOf((*end)->prefix) != *prefix) end = &(*end)->next;
+  if (*end == nullptr) *end = spaceOf(*prefix, uri);
 }
 
-/// The declaration that a name needs where none is around.
-void ExpressionDocument::require(xmlNodePtr element, Index node, const Name& name) {
-  const Binding& needed = tree_.names.bindings[name.binding];
-  const Index parent = tree_[node].parent;
-  if (needed.prefix == "xml" || tree_.nameOf(parent).binding == name.binding) return;
-  if (tree_.lookUp(needed.prefix, parent).value_or(0) != needed.uri) declare(element, name.binding);
-}
-
-xmlNsPtr ExpressionDocument::makeSpace(Index binding) {
-  const auto& [prefix, uri] = tree_.names.bindings[binding];
+xmlNsPtr ExpressionDocument::spaceOf(std::string_view prefix, Index uri) {
   auto* const space = new (memory_.allocate(sizeof(xmlNs), alignof(xmlNs))) xmlNs{};
   space->type = XML_NAMESPACE_DECL;
-  space->prefix = prefix.empty() ? nullptr : asXml(prefix.c_str());
-  space->href = asXml(tree_.names.uris[uri].c_str());
+  space->href = asXml(tree_.names.uriOf(uri).c_str());
+  if (!prefix.empty()) space->prefix = copied(prefix);
   return space;
 }
 
-/// Null for no namespace.
-xmlNsPtr ExpressionDocument::spaceOf(Index binding) {
-  if (binding != 0 && spaces_[binding] == nullptr) spaces_[binding] = makeSpace(binding);
-  return spaces_[binding];
-}
-
+/// A namespace is the declaration around that gives it, or one made up for a built document.
 Place ExpressionDocument::placeOf(const xmlNode* node) {
   if (node->type != XML_NAMESPACE_DECL) return NodeAccess::placeOf(node->_private);
-  const auto* const space = reinterpret_cast<const xmlNs*>(node);  // NOLINT: they start alike
-  const auto* const element = reinterpret_cast<const xmlNode*>(space->next);  // NOLINT: of the axis
-  const std::string_view prefix = space->prefix != nullptr ? asChars(space->prefix) : "";
-  const Index start = NodeAccess::placeOf(element->_private).node;
-  for (Index each = start; each != 0; each = tree_[each].parent) {
-    for (Index own = tree_[each].firstAttribute; own != 0; own = tree_[own].next) {
-      const Name& name = tree_.nameOf(own);
-      if (tree_[own].kind() == Kind::declaration &&
-          tree_.names.bindings[name.binding].prefix == prefix) {
-        return Place{own};
-      }
-    }
+  const auto* const space = reinterpret_cast<const xmlNs*>(node);  // NOLINT: as its type says
+  const std::string_view prefix = viewOf(space->prefix);
+  const Index element = NodeAccess::placeOf(asNode(space->next)->_private).node;
+  for (Index each = element; each != 0; each = tree_[each].parent) {
+    const Index found = tree_.findAttribute(each, [&](Index own) {
+      return tree_[own].kind() == Kind::declaration && tree_.nameOf(own).qualified == prefix;
+    });
+    if (found != 0) return Place{found};
   }
-  const Index uri = tree_.names.uri(viewOf(space->href));
-  return Place{tree_.add(Kind::declaration, tree_.names.declaration(prefix, uri), start)};
+  const Index name = tree_.names.name(prefix, tree_.names.uri(viewOf(space->href)));
+  return Place{tree_.add(Kind::declaration, name, element)};
 }
 
 }  // namespace ktpnaips::xml

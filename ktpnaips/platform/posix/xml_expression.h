@@ -6,15 +6,11 @@
 #include <libxml/tree.h>
 #include <libxml/xpath.h>
 
-#include <memory>
 #include <memory_resource>
-#include <string_view>
-#include <vector>
 
 namespace ktpnaips::xml {
 
-/// A tree as libxml2 knows trees, for expressions that are more than paths. It ends when the tree
-/// changes.
+/// A tree as libxml2 knows trees, for expressions that are more than paths, until it changes.
 class ExpressionDocument {
  public:
   ExpressionDocument(Tree& tree, const std::vector<Binding>& bindings);
@@ -29,21 +25,19 @@ class ExpressionDocument {
   template <class T>
   T* make(xmlElementType type, const char* name, Place place);
   xmlNodePtr addChild(xmlNodePtr parent, xmlElementType type, const char* name, Place place);
+  xmlChar* copied(std::string_view text);
   void addText(xmlNodePtr parent, xmlElementType type, Place place);
   void copy(Index node);
   void copyAttributes(xmlNodePtr element, Index node);
-  void declare(xmlNodePtr element, Index binding);
-  void require(xmlNodePtr element, Index node, const Name& name);
-  xmlNsPtr makeSpace(Index binding);
-  xmlNsPtr spaceOf(Index binding);
+  void declare(xmlNodePtr element, Index node, Index attribute);
+  xmlNsPtr spaceOf(std::string_view prefix, Index uri);
   Place placeOf(const xmlNode* node);
 
   Tree& tree_;
-  std::pmr::monotonic_buffer_resource memory_;  // holds all nodes
+  std::pmr::monotonic_buffer_resource memory_;  // holds all but the document
   std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>> document_;
   std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>> context_;
   std::vector<xmlNodePtr> nodes_;  // by their numbers in the tree
-  std::vector<xmlNsPtr> spaces_;   // by the numbers of bindings
 };
 
 }  // namespace ktpnaips::xml

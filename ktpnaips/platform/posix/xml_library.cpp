@@ -1,6 +1,7 @@
 #include <ktpnaips/platform/posix/xml_library.h>
 
 #include <libxml/dict.h>
+#include <libxml/globals.h>
 #include <libxml/parserInternals.h>
 #include <libxml/threads.h>
 #include <libxml/xmlerror.h>
@@ -51,14 +52,6 @@ void parseInPlace(xmlParserCtxtPtr parser, std::string_view text) {
   if (xmlPushInput(parser, input) >= 0) xmlParseDocument(parser);
 }
 
-/// The state that libxml2 keeps for a thread: it goes on without one, or without an end, when there
-/// is no memory for it.
-void prepareThread() {
-  constexpr std::size_t moreThanItTakes = 4096;
-  std::free(made(std::malloc(moreThanItTakes)));  // so much of it is free
-  static_cast<void>(xmlGetLastError());
-}
-
 #else
 
 Parser parserFor(const xmlSAXHandler& handler, void* data) {
@@ -76,11 +69,18 @@ void parseInPlace(xmlParserCtxtPtr parser, std::string_view text) {
                        made(xmlNewInputFromMemory(nullptr, text.data(), text.size(), inPlace)));
 }
 
-void prepareThread() {
-  if (xmlCheckThreadLocalStorage() != 0) throw std::bad_alloc();
-}
-
 #endif
+
+/// libxml2 keeps a state for each thread; before 2.12 it goes on without one, or without an end,
+/// when there is no memory for it.
+void prepareThread() {
+#if LIBXML_VERSION < 21200
+  std::free(made(std::malloc(sizeof(xmlGlobalState))));  // so much of it is free
+  made(xmlGetGlobalState());
+#else
+  if (xmlCheckThreadLocalStorage() != 0) throw std::bad_alloc();
+#endif
+}
 
 }  // namespace
 

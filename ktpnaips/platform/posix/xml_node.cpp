@@ -2,28 +2,16 @@
 #include <ktpnaips/platform/posix/xml_expression.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
+#include <ktpnaips/platform/xml_common.h>
 
 #include <cstdint>
-#include <string>
-#include <string_view>
 #include <type_traits>
-#include <utility>
 
 namespace ktpnaips::xml {
 namespace {
 
-SharedDocument* shared(void* owner) noexcept {
-  return static_cast<SharedDocument*>(owner);
-}
-
-void retain(void* owner) noexcept {
-  if (owner != nullptr) shared(owner)->references.fetch_add(1, std::memory_order_relaxed);
-}
-
-void release(void* owner) noexcept {
-  if (owner != nullptr && shared(owner)->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    delete shared(owner);
-  }
+SharedDocument& shared(void* owner) noexcept {
+  return *static_cast<SharedDocument*>(owner);
 }
 
 bool isCharacterData(Kind kind) {
@@ -40,30 +28,23 @@ std::string collectedText(const Tree& tree, Index top) {
   return text;
 }
 
-std::string_view qualifiedNameOf(const Tree& tree, Place place) {
-  if (place.isText) return "#text";
-  switch (tree[place.node].kind()) {
-    case Kind::document:
-      return "#document";
-    case Kind::text:
-      return "#text";
-    case Kind::data:
-      return "#cdata-section";
-    case Kind::comment:
-      return "#comment";
-    default:
-      return tree.nameOf(place.node).qualified;
-  }
+std::string nameOf(const Tree& tree, Place place) {
+  const Kind kind = place.isText ? Kind::text : tree[place.node].kind();
+  if (kind == Kind::text) return "#text";
+  if (kind == Kind::data) return "#cdata-section";
+  if (kind == Kind::comment) return "#comment";
+  if (kind == Kind::document) return "#document";
+  const std::string& name = tree.nameOf(place.node).qualified;
+  if (kind != Kind::declaration) return name;
+  return name.empty() ? "xmlns" : "xmlns:" + name;
 }
 
-/// The text that an element or an attribute starts with.
-Node firstText(const Node& node) {
-  const Place place = NodeAccess::place(node);
-  SharedDocument& owner = NodeAccess::owner(node);
+/// The text that an element or an attribute starts with, otherwise no node.
+Node firstText(SharedDocument& owner, Place place) {
   const Kind kind = owner.tree[place.node].kind();
   const bool mayHold = !place.isText && (kind == Kind::element || kind == Kind::attribute);
   if (!mayHold || owner.tree.textOf(place.node).empty()) return {};
-  return NodeAccess::make(&owner, Place{place.node, true});
+  return NodeAccess::make(owner, Place{place.node, true});
 }
 
 }  // namespace
@@ -72,23 +53,33 @@ SharedDocument::SharedDocument() = default;
 
 SharedDocument::~SharedDocument() = default;
 
-Node NodeAccess::make(SharedDocument* owner, Place place) {
-  retain(owner);
-  return Node(owner, handleOf(place));
+void retain(void* owner, void*) noexcept {
+  if (owner != nullptr) shared(owner).references.fetch_add(1, std::memory_order_relaxed);
 }
 
-Node NodeAccess::make(SharedDocument* owner, Index node) {
+void release(void* owner, void*) noexcept {
+  if (owner != nullptr && shared(owner).references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    delete &shared(owner);
+  }
+}
+
+Node NodeAccess::make(SharedDocument& owner, Place place) {
+  retain(&owner, nullptr);
+  return Node(&owner, handleOf(place));
+}
+
+Node NodeAccess::make(SharedDocument& owner, Index node) {
   return node != 0 ? make(owner, Place{node}) : Node();
 }
 
-Document NodeAccess::makeDocument(SharedDocument* owner) {
-  retain(owner);
-  return Document(owner, handleOf({}));
+Document NodeAccess::makeDocument(SharedDocument& owner) {
+  retain(&owner, nullptr);
+  return Document(&owner, handleOf({}));
 }
 
 SharedDocument& NodeAccess::owner(const Node& node) {
   if (!node) throw RuntimeFault(fault::objectNotSet);
-  return *shared(node.owner_);
+  return shared(node.owner_);
 }
 
 Place NodeAccess::place(const Node& node) {
@@ -96,41 +87,14 @@ Place NodeAccess::place(const Node& node) {
   return placeOf(node.node_);
 }
 
-Place NodeAccess::placeOf(const void* handle) {
-  const auto number = reinterpret_cast<std::uintptr_t>(handle);  // NOLINT: as `handleOf` made it
-  return {static_cast<Index>((number >> 1U) - 1), (number & 1U) != 0};
-}
-
 void* NodeAccess::handleOf(Place place) {
-  const auto number =
-      (static_cast<std::uintptr_t>(place.node) + 1) << 1U | (place.isText ? 1U : 0U);
-  return reinterpret_cast<void*>(number);  // NOLINT: no address, but never null
+  const auto number = (static_cast<std::uintptr_t>(place.node) + 1) << 1U;
+  return reinterpret_cast<void*>(number | (place.isText ? 1U : 0U));  // NOLINT: never null
 }
 
-Node::Node(const Node& other) noexcept : owner_(other.owner_), node_(other.node_) {
-  retain(owner_);
-}
-
-Node::Node(Node&& other) noexcept
-    : owner_(std::exchange(other.owner_, nullptr)), node_(std::exchange(other.node_, nullptr)) {}
-
-// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): retained before it is released
-Node& Node::operator=(const Node& other) noexcept {
-  retain(other.owner_);
-  release(owner_);
-  owner_ = other.owner_;
-  node_ = other.node_;
-  return *this;
-}
-
-Node& Node::operator=(Node&& other) noexcept {
-  std::swap(owner_, other.owner_);
-  std::swap(node_, other.node_);
-  return *this;
-}
-
-Node::~Node() {
-  release(owner_);
+Place NodeAccess::placeOf(const void* handle) {
+  const auto number = reinterpret_cast<std::uintptr_t>(handle);  // NOLINT: as made above
+  return {static_cast<Index>((number >> 1U) - 1), (number & 1U) != 0};
 }
 
 bool Node::isSameAs(const Node& other) const noexcept {
@@ -138,53 +102,49 @@ bool Node::isSameAs(const Node& other) const noexcept {
 }
 
 Document Node::ownerDocument() const {
-  return NodeAccess::makeDocument(&NodeAccess::owner(*this));
+  return NodeAccess::makeDocument(NodeAccess::owner(*this));
 }
 
 bool Node::isElement() const {
   const Place place = NodeAccess::place(*this);
-  return !place.isText && shared(owner_)->tree[place.node].kind() == Kind::element;
+  return !place.isText && shared(owner_).tree[place.node].kind() == Kind::element;
 }
 
 std::wstring Node::name() const {
   const Place place = NodeAccess::place(*this);
-  return text::fromUtf8(qualifiedNameOf(shared(owner_)->tree, place));
+  return text::fromUtf8(nameOf(shared(owner_).tree, place));
 }
 
 std::wstring Node::namespaceUri() const {
   const Place place = NodeAccess::place(*this);
-  const Tree& tree = shared(owner_)->tree;
-  const Kind kind = tree[place.node].kind();
-  const bool isNamed = !place.isText && (kind == Kind::element || kind == Kind::attribute);
-  return isNamed ? text::fromUtf8(tree.names.uris[tree.nameOf(place.node).uri]) : std::wstring();
+  const Tree& tree = shared(owner_).tree;
+  const bool isNamed = !place.isText && tree[place.node].kind() != Kind::declaration;
+  return isNamed ? text::fromUtf8(tree.names.uriOf(tree.nameOf(place.node).uri)) : std::wstring();
 }
 
 Node Node::firstChild() const {
-  if (Node text = firstText(*this)) return text;
   const Place place = NodeAccess::place(*this);
-  return place.isText
-             ? Node()
-             : NodeAccess::make(shared(owner_), shared(owner_)->tree[place.node].firstChild);
+  if (Node text = firstText(shared(owner_), place)) return text;
+  return NodeAccess::make(shared(owner_),
+                          place.isText ? 0 : shared(owner_).tree[place.node].firstChild);
 }
 
 Node Node::lastChild() const {
   const Place place = NodeAccess::place(*this);
-  const Index last = place.isText ? 0 : shared(owner_)->tree[place.node].lastChild;
-  return last != 0 ? NodeAccess::make(shared(owner_), last) : firstText(*this);
+  const Index last = place.isText ? 0 : shared(owner_).tree[place.node].lastChild;
+  return last != 0 ? NodeAccess::make(shared(owner_), last) : firstText(shared(owner_), place);
 }
 
 Node Node::nextSibling() const {
   const Place place = NodeAccess::place(*this);
-  const Entry& entry = shared(owner_)->tree[place.node];
+  const Entry& entry = shared(owner_).tree[place.node];
   return NodeAccess::make(shared(owner_), place.isText ? entry.firstChild : entry.next);
 }
 
 std::wstring Node::text() const {
   std::wstring wide;
   readText([&](auto content) {
-    if constexpr (std::is_same_v<decltype(content), std::wstring_view>) {
-      wide = content;
-    } else {
+    if constexpr (std::is_same_v<decltype(content), std::string_view>) {
       wide = text::fromUtf8(content);
     }
   });
@@ -194,12 +154,12 @@ std::wstring Node::text() const {
 void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
                         void (*)(void*, std::wstring_view)) const {
   const Place place = NodeAccess::place(*this);
-  const Tree& tree = shared(owner_)->tree;
+  const Tree& tree = shared(owner_).tree;
   const Index node = place.node == 0 ? tree.documentElement() : place.node;
-  const Index child = tree[node].firstChild;
+  const Index child = place.isText ? 0 : tree[node].firstChild;
   if (tree[node].kind() == Kind::declaration) {
-    utf8(reader, tree.names.uris[tree.nameOf(node).uri]);
-  } else if (place.isText || child == 0) {
+    utf8(reader, tree.names.uriOf(tree.nameOf(node).uri));
+  } else if (child == 0) {
     utf8(reader, tree.textOf(node));
   } else if (!tree[node].hasText() && tree[child].next == 0 &&
              isCharacterData(tree[child].kind())) {
@@ -210,13 +170,12 @@ void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
 }
 
 Document Document::create() {
-  auto owner = std::make_unique<SharedDocument>();
-  return NodeAccess::makeDocument(owner.release());
+  return NodeAccess::makeDocument(*std::make_unique<SharedDocument>().release());
 }
 
 Node Document::documentElement() const {
   SharedDocument& owner = NodeAccess::owner(*this);
-  return NodeAccess::make(&owner, owner.tree.documentElement());
+  return NodeAccess::make(owner, owner.tree.documentElement());
 }
 
 }  // namespace ktpnaips::xml

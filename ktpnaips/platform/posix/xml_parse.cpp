@@ -2,6 +2,7 @@
 #include <ktpnaips/platform/posix/xml_library.h>
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/xml.h>
+#include <ktpnaips/platform/xml_common.h>
 #include <ktpnaips/platform/xml_refusal.h>
 
 #include <libxml/parser.h>
@@ -18,15 +19,18 @@
 namespace ktpnaips::xml {
 namespace {
 
-// What libxml2 searches one by one, so that time does not grow with the square of the text: the
-// levels around an element, the namespaces declared there for each prefix.
-constexpr std::size_t mostLevels = 1000;
+// libxml2 searches them one by one: time is not to grow with the square of the text.
 constexpr int mostNamespaces = 1000;
 // 128 MB of entries; an answer of 100,000 entries takes less than an eighth of that.
 constexpr std::size_t mostNodes = std::size_t{1} << 22U;
 
+constexpr std::wstring_view tooManyNames =
+    L"the names of elements and attributes are too many or too long";
+constexpr std::size_t mostNames = 50'000;
 // More than libxml2 takes at a time, but for long names.
 constexpr std::size_t enoughMemory = std::size_t{1} << 20U;
+// A shorter one is copied: most of an answer is markup.
+constexpr std::size_t longText = 4096;
 
 bool isWhiteSpace(std::string_view text) {
   return std::ranges::all_of(
@@ -36,7 +40,9 @@ bool isWhiteSpace(std::string_view text) {
 /// Fills a tree with what libxml2 reads.
 class Builder {
  public:
-  Builder(Tree& tree, std::string_view source) : tree_(tree), source_(source) {}
+  /// Of a text that the tree has taken over, or that stays where it is.
+  Builder(Tree& tree, std::string_view source, bool isTakenOver)
+      : tree_(tree), source_(source), isTakenOver_(isTakenOver) {}
 
   /// False when the text is refused for what libxml2 says.
   bool parse(ParseFailure& failure) {
@@ -44,12 +50,19 @@ class Builder {
     parser_ = parser.get();
     parseText(parser.get(), source_);
     failure = {};
-    failure.reason = refusal_;
     if (isOutOfMemory_) throw std::bad_alloc();
-    if (!refusal_.empty() || (!hasFailed_ && tree_.documentElement() != 0)) return true;
+    if (!refusal_.empty()) {
+      failure.reason = refusal_;
+      return true;
+    }
+    if (!hasFailed_ && tree_.documentElement() != 0) {
+      for (const Index node : withReturns_) tree_.leaveOutReturns(node);
+      if (!usesSource_) tree_.giveBack();
+      return true;
+    }
     if (lacksMemory_ || exceedsNames(parser.get())) {
       std::free(made(std::malloc(enoughMemory)));
-      failure.reason = L"the names of elements and attributes are too many or too long";
+      failure.reason = tooManyNames;
     } else {
       describe(xmlCtxtGetLastError(parser.get()), failure);
     }
@@ -109,7 +122,7 @@ class Builder {
     declared_.push_back(namespaceCount);
     namespaces_ += namespaceCount;
     if (declared_.size() > mostLevels) {
-      refusal_ = L"elements are nested more than 1,000 deep";
+      refusal_ = tooDeep;
       return;
     }
     if (namespaces_ > mostNamespaces) {
@@ -120,7 +133,7 @@ class Builder {
     Index last = 0;
     for (int i = 0; i < namespaceCount; ++i, namespaces += 2) {
       const Index declaration =
-          tree_.names.declaration(viewOf(namespaces[0]), tree_.names.uri(viewOf(namespaces[1])));
+          tree_.names.name(viewOf(namespaces[0]), tree_.names.uri(viewOf(namespaces[1])));
       addAttribute(last, Kind::declaration, declaration, {});
     }
     for (int i = 0; i < attributeCount; ++i, attributes += 5) {
@@ -196,14 +209,15 @@ class Builder {
   };
 
   Index nameOf(const ParsedName& parsed) {
-    const std::size_t hash = std::hash<const void*>()(parsed.local) / 8;
-    auto& [known, name] = lastNames_[hash % lastNames_.size()];
+    const auto hash = std::hash<const void*>()(parsed.local) * std::uint64_t{0x9E3779B97F4A7C15};
+    auto& [known, name] = lastNames_[(hash >> 32U) % lastNames_.size()];
     if (known == parsed) return name;
     std::string qualified;
     if (parsed.prefix != nullptr) qualified.append(viewOf(parsed.prefix)).append(":");
     qualified.append(viewOf(parsed.local));
     name = tree_.names.name(qualified, tree_.names.uri(viewOf(parsed.uri)));
     known = parsed;
+    if (tree_.names.size() > mostNames) refusal_ = tooManyNames;
     return name;
   }
 
@@ -231,36 +245,48 @@ class Builder {
 
   /// Text is a node unless it is white space only.
   void endText() {
-    if (!inSource_.empty() && !isWhiteSpace(inSource_)) text_ = keepFromSource();
+    const bool staysInPlace =
+        isTakenOver_ && inSource_.size() >= longText && !isWhiteSpace(inSource_);
+    const bool hasReturns = staysInPlace && inSource_.find('\r') != std::string_view::npos;
+    if (staysInPlace) {
+      usesSource_ = true;
+      text_ = {static_cast<std::uint32_t>(inSource_.data() - source_.data()),
+               static_cast<std::uint32_t>(inSource_.size())};
+    } else if (!inSource_.empty() && !isWhiteSpace(inSource_)) {
+      text_ = keepFromSource();
+    }
     inSource_ = {};
     const Extent text = std::exchange(text_, {});
     if (text.at == Extent::nowhere || isWhiteSpace(tree_.viewOf(text))) return;
-    const Entry& parent = tree_[element_];
-    if (parent.firstChild == 0 && !parent.hasText()) {
-      tree_.setText(element_, text);
+    Index node = element_;
+    if (tree_[node].firstChild == 0 && !tree_[node].hasText()) {
+      tree_.setText(node, text);
     } else {
-      addChild(Kind::text, 0, text);
+      node = addChild(Kind::text, 0, text);
     }
+    if (hasReturns) withReturns_.push_back(node);
   }
 
   Tree& tree_;
   std::string_view source_;
+  bool isTakenOver_;
   xmlParserCtxtPtr parser_ = nullptr;
   std::wstring_view refusal_;  ///< why the parser has been stopped
   bool isOutOfMemory_ = false;
   bool lacksMemory_ = false;  ///< as libxml2 says, also of names for which it may not take any
   bool hasFailed_ = false;
-  Index element_ = 0;          ///< the innermost that is open
-  std::vector<int> declared_;  ///< the namespaces that each of the open elements declares
-  int namespaces_ = 0;         ///< their sum
-  std::string_view inSource_;  ///< the text since the last markup while it is as in the source
-  Extent text_;                ///< the same when it is not
+  Index element_ = 0;               ///< the innermost that is open
+  std::vector<int> declared_;       ///< the namespaces that each of the open elements declares
+  int namespaces_ = 0;              ///< their sum
+  std::string_view inSource_;       ///< the text since the last markup while it is as in the source
+  Extent text_;                     ///< the same when it is not
+  bool usesSource_ = false;         ///< a node has a part of the text that was taken over
+  std::vector<Index> withReturns_;  ///< the nodes whose part of it has CRs in its line ends
   std::array<std::pair<ParsedName, Index>, 64> lastNames_{};
 };
 
-}  // namespace
-
-Document Document::parse(const std::string& text, ParseFailure* failure) {
+/// Parses a text that `taken`, if given, is: it then goes into the document.
+Document parsed(const std::string& text, std::string* taken, ParseFailure* failure) {
   ParseFailure ignored;
   ParseFailure& why = failure != nullptr ? *failure : ignored;
   why.reason = refusalBeforeParsing(text);
@@ -268,11 +294,26 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   // A failed allocation can look like a mistake in the text: what is refused is read once more.
   for (int i = 0; i < 2; ++i) {
     auto owner = std::make_unique<SharedDocument>();
-    owner->tree.reserve(text.size());
-    if (!Builder(owner->tree, text).parse(why)) continue;
-    return why.reason.empty() ? NodeAccess::makeDocument(owner.release()) : Document();
+    Tree& tree = owner->tree;
+    tree.reserve(text.size());
+    if (taken != nullptr) tree.takeOver(std::move(*taken));
+    const std::string_view source = taken != nullptr ? tree.takenOver() : text;
+    const bool isDecided = Builder(tree, source, taken != nullptr).parse(why);
+    if (isDecided && why.reason.empty()) return NodeAccess::makeDocument(*owner.release());
+    if (taken != nullptr) *taken = tree.giveBack();
+    if (isDecided) break;
   }
   return {};
+}
+
+}  // namespace
+
+Document Document::parse(const std::string& text, ParseFailure* failure) {
+  return parsed(text, nullptr, failure);
+}
+
+Document Document::parseInPlace(std::string& text, ParseFailure* failure) {
+  return parsed(text, &text, failure);
 }
 
 }  // namespace ktpnaips::xml

@@ -6,21 +6,13 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
-#include <string_view>
-#include <utility>
 
 namespace ktpnaips::xml {
 namespace {
 
-/// One step of a path: "prefix:name", or "name" for one without a namespace.
-struct Step {
-  Index uri = 0;
-  std::string_view name;
-};
-
-/// A path of steps to children, the last of which may be to an attribute, or a single step anywhere
-/// in the document ("//prefix:name"): it takes no evaluation.
+/// A path of steps to children ("prefix:name", or "name" for one without a namespace), the last of
+/// which may be to an attribute, or a single step anywhere in the document ("//prefix:name"): it
+/// takes no evaluation.
 class PlainPath {
  public:
   /// False when the expression is more than that, or has a prefix that is not bound.
@@ -29,10 +21,9 @@ class PlainPath {
     if (isAnywhere_) return readStep(expression.substr(2), bindings);
     while (count_ < steps_.size() && !isToAttribute_) {
       const auto slash = expression.find('/');
-      std::string_view step = expression.substr(0, slash);
-      isToAttribute_ = step.starts_with('@');
-      if (isToAttribute_) step.remove_prefix(1);
-      if (!readStep(step, bindings)) return false;
+      isToAttribute_ = expression.starts_with('@');
+      const std::size_t start = isToAttribute_ ? 1 : 0;
+      if (!readStep(expression.substr(start, slash - start), bindings)) return false;
       if (slash == std::string_view::npos) return true;
       expression.remove_prefix(slash + 1);
     }
@@ -52,22 +43,27 @@ class PlainPath {
   }
 
  private:
+  struct Step {
+    Index uri = 0;
+    std::string_view name;
+  };
+
   template <class Found>
   bool walkStep(const Tree& tree, Index parent, std::size_t step, Found& found) const {
     const bool isLast = step + 1 == count_;
-    const bool isAttribute = isLast && isToAttribute_;
-    Index node = isAttribute ? tree[parent].firstAttribute : tree[parent].firstChild;
+    const Kind kind = isLast && isToAttribute_ ? Kind::attribute : Kind::element;
+    const bool isElement = kind == Kind::element;
+    Index node = isElement ? tree[parent].firstChild : tree[parent].firstAttribute;
     for (; node != 0; node = tree[node].next) {
-      if (!matches(tree, step, node, isAttribute ? Kind::attribute : Kind::element)) continue;
+      if (!matches(tree, step, node, kind)) continue;
       if (!(isLast ? found(node) : walkStep(tree, node, step + 1, found))) return false;
     }
     return true;
   }
 
   [[nodiscard]] bool matches(const Tree& tree, std::size_t step, Index node, Kind kind) const {
-    const Entry& entry = tree[node];
-    if (entry.kind() != kind) return false;
-    const Name& name = tree.names.names[entry.name()];
+    if (tree[node].kind() != kind) return false;
+    const Name& name = tree.nameOf(node);
     return name.uri == steps_[step].uri && name.local() == steps_[step].name;
   }
 
@@ -85,9 +81,9 @@ class PlainPath {
     if (!isName(name)) return false;
     Index uri = 0;
     if (colon != std::string_view::npos) {
-      const auto bound = std::ranges::find(bindings, step.substr(0, colon), &Binding::prefix);
-      if (bound == bindings.end()) return false;
-      uri = bound->uri;
+      const auto binding = std::ranges::find(bindings, step.substr(0, colon), &Binding::first);
+      if (binding == bindings.end()) return false;
+      uri = binding->second;
     }
     steps_[count_++] = {uri, name};
     return true;
@@ -99,20 +95,21 @@ class PlainPath {
   bool isToAttribute_ = false;
 };
 
-/// Calls `found` for each place that the expression selects, until it returns false.
+/// Calls `found` for each node that the expression selects, until it returns false.
 template <class Found>
 void visit(const Node& from, std::string_view expression, Found found) {
   SharedDocument& owner = NodeAccess::owner(from);
   const Place place = NodeAccess::place(from);
   if (PlainPath path; path.read(expression, owner.bindings)) {
-    path.walk(owner.tree, place, [&](Index node) { return found(Place{node}); });
+    path.walk(owner.tree, place,
+              [&](Index node) { return found(NodeAccess::make(owner, Place{node})); });
     return;
   }
   if (owner.expressions == nullptr) {
     owner.expressions = std::make_unique<ExpressionDocument>(owner.tree, owner.bindings);
   }
   for (const Place each : owner.expressions->select(place, expression)) {
-    if (!found(each)) return;
+    if (!found(NodeAccess::make(owner, each))) return;
   }
 }
 
@@ -120,8 +117,8 @@ void visit(const Node& from, std::string_view expression, Found found) {
 
 Node Node::select(std::string_view expression) const {
   Node first;
-  visit(*this, expression, [&](Place place) {
-    first = NodeAccess::make(&NodeAccess::owner(*this), place);
+  visit(*this, expression, [&](Node node) {
+    first = std::move(node);
     return false;
   });
   return first;
@@ -129,8 +126,8 @@ Node Node::select(std::string_view expression) const {
 
 std::vector<Node> Node::selectAll(std::string_view expression) const {
   std::vector<Node> all;
-  visit(*this, expression, [&](Place place) {
-    all.push_back(NodeAccess::make(&NodeAccess::owner(*this), place));
+  visit(*this, expression, [&](Node node) {
+    all.push_back(std::move(node));
     return true;
   });
   return all;
@@ -150,7 +147,7 @@ void Document::bindPrefixes(std::wstring_view declarations) const {
       throw RuntimeFault(fault::invalidCall, L"The namespace declarations cannot be read.");
     }
     const std::string_view uri = std::string_view(rest).substr(equals + 2, end - equals - 2);
-    bindings.push_back({rest.substr(0, equals), owner.tree.names.uri(uri)});
+    bindings.emplace_back(rest.substr(0, equals), owner.tree.names.uri(uri));
     rest.erase(0, end + 1);
   }
   owner.bindings = std::move(bindings);

@@ -8,7 +8,8 @@ namespace ktpnaips::xml {
 
 std::string_view Tree::viewOf(Extent text) const {
   if (text.at == Extent::nowhere) return {};
-  return std::string_view(texts_).substr(text.at, text.size);
+  if (text.at >= firstKept_) return {texts_.data() + (text.at - firstKept_), text.size};
+  return {takenOver_.data() + text.at, text.size};
 }
 
 Index Tree::documentElement() const {
@@ -23,27 +24,21 @@ Index Tree::following(Index node, Index top) const {
   return node != top ? entries_[node].next : 0;
 }
 
-std::optional<Index> Tree::lookUp(std::string_view prefix, Index node) const {
-  for (; node != 0; node = entries_[node].parent) {
-    const auto says = [&](Index name) {
-      const Name& each = names.names[name];
-      return names.bindings[each.binding].prefix == prefix;
-    };
-    if (says(entries_[node].name())) return nameOf(node).uri;
-    for (Index each = entries_[node].firstAttribute; each != 0; each = entries_[each].next) {
-      const bool isUnprefixed =
-          entries_[each].kind() == Kind::attribute && !nameOf(each).hasPrefix();
-      if (!isUnprefixed && says(entries_[each].name())) return nameOf(each).uri;
-    }
-  }
+std::optional<std::string_view> Tree::prefixOf(Index node) const {
+  const Name& name = nameOf(node);
+  const Kind kind = entries_[node].kind();
+  if (kind == Kind::declaration) return name.qualified;
+  if (kind == Kind::element || name.hasPrefix()) return name.prefix();
   return std::nullopt;
 }
 
-void Tree::reserve(std::size_t size) {
-  constexpr std::size_t bytesForEach = 24;
-  constexpr std::size_t most = 100'000;
-  entries_.reserve(std::min(size / bytesForEach + 1, most));
-  texts_.reserve(size);
+std::optional<Index> Tree::lookUp(std::string_view prefix, Index node) const {
+  const auto says = [&](Index each) { return prefixOf(each) == prefix; };
+  for (; node != 0; node = entries_[node].parent) {
+    if (says(node)) return nameOf(node).uri;
+    if (const Index found = findAttribute(node, says)) return nameOf(found).uri;
+  }
+  return std::nullopt;
 }
 
 Index Tree::add(Kind kind, Index name, Index parent, Extent text) {
@@ -69,25 +64,45 @@ void Tree::unlinkAttribute(Index node) {
   *link = std::exchange(entries_[node].next, 0);
 }
 
+void Tree::reserve(std::size_t size) {
+  constexpr std::size_t bytesForEach = 24;
+  constexpr std::size_t most = 100'000;
+  entries_.reserve(std::min(size / bytesForEach + 1, most));
+  texts_.reserve(size);
+}
+
 Extent Tree::keep(std::string_view utf8) {
-  Extent text{static_cast<std::uint32_t>(texts_.size()), 0};
+  Extent text{static_cast<std::uint32_t>(firstKept_ + texts_.size()), 0};
   extend(text, utf8);
   return text;
 }
 
 Extent Tree::keepAscii(std::wstring_view text) {
-  const Extent kept = keep({});
-  if (texts_.size() + text.size() >= Extent::nowhere) throw std::bad_alloc();
-  texts_.resize(texts_.size() + text.size());
-  std::ranges::transform(text, texts_.end() - static_cast<std::ptrdiff_t>(text.size()),
+  Extent kept = keep({});
+  const std::size_t before = texts_.size();
+  if (firstKept_ + before + text.size() >= Extent::nowhere) throw std::bad_alloc();
+  texts_.resize(before + text.size());
+  std::ranges::transform(text, texts_.begin() + static_cast<std::ptrdiff_t>(before),
                          [](wchar_t c) { return static_cast<char>(c); });
-  return {kept.at, static_cast<std::uint32_t>(text.size())};
+  kept.size = static_cast<std::uint32_t>(text.size());
+  return kept;
 }
 
 void Tree::extend(Extent& last, std::string_view utf8) {
-  if (texts_.size() + utf8.size() >= Extent::nowhere) throw std::bad_alloc();
+  if (firstKept_ + texts_.size() + utf8.size() >= Extent::nowhere) throw std::bad_alloc();
   texts_.append(utf8);
   last.size += static_cast<std::uint32_t>(utf8.size());
+}
+
+void Tree::takeOver(std::string&& text) {
+  takenOver_ = std::move(text);
+  firstKept_ = takenOver_.size();
+}
+
+void Tree::leaveOutReturns(Index node) {
+  Extent& text = entries_[node].text;
+  char* const start = takenOver_.data() + text.at;
+  text.size = static_cast<std::uint32_t>(std::remove(start, start + text.size, '\r') - start);
 }
 
 }  // namespace ktpnaips::xml

@@ -7,12 +7,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// The tree behind the handles of `platform/xml.h`.
 namespace ktpnaips::xml {
-
-inline constexpr std::string_view xmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
 enum class Kind : std::uint8_t {
   document,
@@ -58,19 +57,25 @@ class Tree {
 
   const Entry& operator[](Index node) const { return entries_[node]; }
   [[nodiscard]] std::size_t size() const { return entries_.size(); }
-  [[nodiscard]] const Name& nameOf(Index node) const { return names.names[entries_[node].name()]; }
-  [[nodiscard]] std::string_view textOf(Index node) const { return viewOf(entries_[node].text); }
+  [[nodiscard]] const Name& nameOf(Index node) const { return names[entries_[node].name()]; }
   /// Valid until the tree changes; empty for none.
+  [[nodiscard]] std::string_view textOf(Index node) const { return viewOf(entries_[node].text); }
   [[nodiscard]] std::string_view viewOf(Extent text) const;
   [[nodiscard]] Index documentElement() const;
   /// The next in document order within `top`, attributes not counted; 0 after the last.
   [[nodiscard]] Index following(Index node, Index top = 0) const;
-  /// The namespace of the prefix where the node stands; nothing when neither it nor what is around
-  /// it says.
+  /// The first attribute or declaration of the element that the predicate holds for; 0 without.
+  template <class Predicate>
+  [[nodiscard]] Index findAttribute(Index element, Predicate predicate) const {
+    Index each = entries_[element].firstAttribute;
+    while (each != 0 && !predicate(each)) each = entries_[each].next;
+    return each;
+  }
+  /// The prefix that the name of a node stands or falls with; nothing for an attribute without one.
+  [[nodiscard]] std::optional<std::string_view> prefixOf(Index node) const;
+  /// The namespace of a prefix at the node; nothing when neither it nor what is around it says.
   [[nodiscard]] std::optional<Index> lookUp(std::string_view prefix, Index node) const;
 
-  /// Makes room for the nodes and texts of a document of that many bytes.
-  void reserve(std::size_t size);
   /// A new node, which is not yet among the children or attributes of its parent.
   Index add(Kind kind, Index name, Index parent, Extent text = {});
   /// Makes it the last child.
@@ -78,16 +83,27 @@ class Tree {
   /// Makes it the attribute behind `before`, which is the last, or 0 when there is none.
   void linkAttribute(Index node, Index before);
   void unlinkAttribute(Index node);
-  void setText(Index element, Extent text) { entries_[element].text = text; }
+  void setText(Index node, Extent text) { entries_[node].text = text; }
 
+  /// Makes room for the nodes and texts of a document of that many bytes.
+  void reserve(std::size_t size);
   /// Keeps a text.
   Extent keep(std::string_view utf8);
   Extent keepAscii(std::wstring_view text);
   /// Adds to the text that was kept last.
   void extend(Extent& last, std::string_view utf8);
 
+  /// A text that nodes may have parts of, by their places in it; to be set before any is kept.
+  void takeOver(std::string&& text);
+  [[nodiscard]] const std::string& takenOver() const { return takenOver_; }
+  std::string giveBack() { return std::move(takenOver_); }
+  /// Leaves out the CRs of a node's part of it.
+  void leaveOutReturns(Index node);
+
  private:
   std::vector<Entry> entries_;
+  std::string takenOver_;
+  std::size_t firstKept_ = 0;  ///< the place of the first text that is kept
   std::string texts_;
 };
 
