@@ -138,7 +138,18 @@ TEST(XmlAttribute, KeepsItsValueWhenItIsReplaced) {
   EXPECT_EQ(document.serialise(), "<a c=\"2\" b=\"3\"/>");
 }
 
-TEST_F(XmlSelection, SelectsAttributesByPath) {
+class XmlSelectionOnPosix : public testing::Test {
+ protected:
+  XmlSelectionOnPosix() { document.bindPrefixes(L"xmlns:n='urn:n'  xmlns:o='urn:o'"); }
+
+  const Document document = parsed(
+      "<x:r xmlns:x='urn:n' xmlns:y='urn:o'><x:a>1<x:b>2</x:b></x:a><y:a>3</y:a>"
+      "<x:a>4<x:b>5</x:b><x:b>6</x:b><y:b>7</y:b></x:a><a>8<x:b>9</x:b></a>"
+      "<x:deep><x:a><x:b>10</x:b></x:a></x:deep></x:r>");
+  const Node root = document.documentElement();
+};
+
+TEST_F(XmlSelectionOnPosix, SelectsAttributesByPath) {
   const Document other = parsed("<r xmlns:x='urn:n'><p t='1' x:t='2'/><p x:t='3' t='4'/></r>");
   other.bindPrefixes(L"xmlns:n='urn:n'");
   const Node from = other.documentElement();
@@ -152,7 +163,7 @@ TEST_F(XmlSelection, SelectsAttributesByPath) {
   }
 }
 
-TEST_F(XmlSelection, GivesTheSameNodesByPathAndByExpression) {
+TEST_F(XmlSelectionOnPosix, GivesTheSameNodesByPathAndByExpression) {
   for (const Node& node : root.selectAll("n:a | n:a/n:b | o:a | n:a/text() | //comment()")) {
     EXPECT_TRUE(node.ownerDocument() == document);
   }
@@ -163,7 +174,7 @@ TEST_F(XmlSelection, GivesTheSameNodesByPathAndByExpression) {
   EXPECT_EQ(root.firstChild().firstChild().select(".."), root.firstChild());
 }
 
-TEST_F(XmlSelection, SeesWhatWasAddedSince) {
+TEST_F(XmlSelectionOnPosix, SeesWhatWasAddedSince) {
   EXPECT_FALSE(root.select("*[@new]"));
   root.firstChild().setAttribute(L"new", L"", L"1");
   EXPECT_EQ(root.select("*[@new]"), root.firstChild());
@@ -172,7 +183,7 @@ TEST_F(XmlSelection, SeesWhatWasAddedSince) {
   EXPECT_EQ(root.select("*[last()]/@*").text(), L"2");
 }
 
-TEST_F(XmlSelection, GivesNamespacesAsTheirDeclarations) {
+TEST_F(XmlSelectionOnPosix, GivesNamespacesAsTheirDeclarations) {
   const Node inner = root.select("n:deep");
   const Node space = inner.select("namespace::y");
   EXPECT_EQ(space.name(), L"xmlns:y");
