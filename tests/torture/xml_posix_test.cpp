@@ -116,20 +116,20 @@ TEST_P(XmlTorture, NoSingleFailureLeavesAnythingOut) {
   int timesOutOfMemory = 0;
   for (long step = 0;; ++step) {
     const Outcome outcome = outcomeOf(GetParam(), expected, {step, 0, false});
-    if (!stepsTaken().hasFailed) break;
+    if (stepsTaken().count <= step) break;
     EXPECT_NE(outcome, Outcome::different) << "step " << step;
     EXPECT_TRUE(someLiveBlocks().empty()) << "step " << step;
     forgetWhatIsThere();
     if (outcome == Outcome::outOfMemory) ++timesOutOfMemory;
   }
-  EXPECT_GT(timesOutOfMemory, 0);
+  EXPECT_GT(timesOutOfMemory, 5);
 }
 
 TEST_P(XmlTorture, NoLastingFailureLeavesAnythingOut) {
   const std::string expected = GetParam().result();
-  for (long step = 0;; ++step) {
+  for (long step = 0;; step += 5) {
     const Outcome outcome = outcomeOf(GetParam(), expected, {step, 0, true});
-    if (!stepsTaken().hasFailed) break;
+    if (stepsTaken().count <= step) break;
     EXPECT_NE(outcome, Outcome::different) << "step " << step;
     EXPECT_TRUE(someLiveBlocks().empty()) << "step " << step;
     forgetWhatIsThere();

@@ -5,12 +5,42 @@
 #include <libxml/xpathInternals.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace ktpnaips::xml {
 namespace {
 
 using Result = std::unique_ptr<xmlXPathObject, FreeWith<xmlXPathFreeObject>>;
+
+/// Those of XPath 1.0: a context goes without what it had no memory for.
+constexpr std::array functions{"boolean",
+                               "ceiling",
+                               "concat",
+                               "contains",
+                               "count",
+                               "false",
+                               "floor",
+                               "id",
+                               "lang",
+                               "last",
+                               "local-name",
+                               "name",
+                               "namespace-uri",
+                               "not",
+                               "number",
+                               "normalize-space",
+                               "position",
+                               "round",
+                               "starts-with",
+                               "string",
+                               "sum",
+                               "string-length",
+                               "substring",
+                               "substring-after",
+                               "substring-before",
+                               "translate",
+                               "true"};
 
 constexpr auto invalidExpression = static_cast<std::int32_t>(0x80004005U);
 
@@ -43,19 +73,14 @@ ExpressionDocument::ExpressionDocument(Tree& tree, const std::vector<Binding>& b
   document_->_private = NodeAccess::handleOf({});
   nodes_[0] = asNode(document_.get());
   for (Index node = tree[0].firstChild; node != 0; node = tree.following(node)) copy(node);
-  xmlResetLastError();
   context_.reset(made(xmlXPathNewContext(document_.get())));
-  context_->error = [](void*, auto*) {};  // it would print what is wrong
-  for (const auto& [prefix, uri] : bindings) {
-    const xmlChar* const name = asXml(prefix.c_str());
-    xmlXPathRegisterNs(context_.get(), name, asXml(tree.names.uriOf(uri).c_str()));
-    made(xmlXPathNsLookup(context_.get(), name));
+  for (const char* const each : functions) {
+    if (xmlXPathFunctionLookup(context_.get(), asXml(each)) == nullptr) throw std::bad_alloc();
   }
-  checkMemory(*context_);
-}
-
-ExpressionDocument::~ExpressionDocument() {
-  if (document_ != nullptr) document_->children = document_->last = nullptr;
+  context_->error = [](void*, auto*) {};  // it would print what is wrong
+  for (const auto& [prefix, uri] : bindings) spaces_.push_back(spaceOf(prefix, uri));
+  context_->namespaces = spaces_.data();
+  context_->nsNr = static_cast<int>(spaces_.size());
 }
 
 std::vector<Place> ExpressionDocument::select(Place from, std::string_view expression) {

@@ -16,12 +16,19 @@ class ExpressionDocument {
   ExpressionDocument(Tree& tree, const std::vector<Binding>& bindings);
   ExpressionDocument(const ExpressionDocument&) = delete;
   ExpressionDocument& operator=(const ExpressionDocument&) = delete;
-  ~ExpressionDocument();
+  ~ExpressionDocument() = default;
 
   /// What the expression selects, in document order. Throws when it does not select nodes.
   std::vector<Place> select(Place from, std::string_view expression);
 
  private:
+  struct FreeWithoutNodes {
+    void operator()(xmlDoc* document) const noexcept {
+      document->children = document->last = nullptr;
+      xmlFreeDoc(document);
+    }
+  };
+
   template <class T>
   T* make(xmlElementType type, const char* name, Place place);
   xmlNodePtr addChild(xmlNodePtr parent, xmlElementType type, const char* name, Place place);
@@ -35,9 +42,10 @@ class ExpressionDocument {
 
   Tree& tree_;
   std::pmr::monotonic_buffer_resource memory_;  // holds all but the document
-  std::unique_ptr<xmlDoc, FreeWith<xmlFreeDoc>> document_;
+  std::unique_ptr<xmlDoc, FreeWithoutNodes> document_;
   std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>> context_;
   std::vector<xmlNodePtr> nodes_;  // by their numbers in the tree
+  std::vector<xmlNsPtr> spaces_;   // those of expressions
 };
 
 }  // namespace ktpnaips::xml

@@ -37,6 +37,13 @@ bool isWhiteSpace(std::string_view text) {
       text, [](char c) { return c == '\x20' || c == '\x9' || c == '\xA' || c == '\xD'; });
 }
 
+enum class Verdict {
+  accepted,
+  refused,     ///< for what is here
+  wrong,       ///< for what libxml2 says
+  lacksMemory  ///< for names, or for want of memory
+};
+
 /// Fills a tree with what libxml2 reads.
 class Builder {
  public:
@@ -44,8 +51,7 @@ class Builder {
   Builder(Tree& tree, std::string_view source, bool isTakenOver)
       : tree_(tree), source_(source), isTakenOver_(isTakenOver) {}
 
-  /// False when the text is refused for what libxml2 says.
-  bool parse(ParseFailure& failure) {
+  Verdict parse(ParseFailure& failure) {
     const Parser parser = newParser(handlerOfAll(), this);
     parser_ = parser.get();
     parseText(parser.get(), source_);
@@ -53,20 +59,20 @@ class Builder {
     if (isOutOfMemory_) throw std::bad_alloc();
     if (!refusal_.empty()) {
       failure.reason = refusal_;
-      return true;
+      return Verdict::refused;
     }
     if (!hasFailed_ && tree_.documentElement() != 0) {
       for (const Index node : withReturns_) tree_.leaveOutReturns(node);
       if (!usesSource_) tree_.giveBack();
-      return true;
+      return Verdict::accepted;
     }
     if (lacksMemory_ || exceedsNames(parser.get())) {
       std::free(made(std::malloc(enoughMemory)));
       failure.reason = tooManyNames;
-    } else {
-      describe(xmlCtxtGetLastError(parser.get()), failure);
+      return Verdict::lacksMemory;
     }
-    return false;
+    describe(xmlCtxtGetLastError(parser.get()), failure);
+    return Verdict::wrong;
   }
 
  private:
@@ -101,15 +107,14 @@ class Builder {
     return handler;
   }
 
+  /// An error whose text libxml2 had no memory for is none of the answer's.
   static void describe(const xmlError* error, ParseFailure& failure) {
-    if (error != nullptr) {
-      failure.line = error->line;
-      failure.column = error->int2;
-    }
-    std::string reason =
-        error != nullptr && error->message != nullptr ? error->message : "not well-formed";
+    std::string reason = error != nullptr ? made(error->message) : "not well-formed";
     while (!reason.empty() && reason.back() == '\n') reason.pop_back();
     failure.reason = text::fromUtf8(reason);
+    if (error == nullptr) return;
+    failure.line = error->line;
+    failure.column = error->int2;
   }
 
   /// In an encoding that only the parser can read.
@@ -292,16 +297,20 @@ Document parsed(const std::string& text, std::string* taken, ParseFailure* failu
   why.reason = refusalBeforeParsing(text);
   if (!why.reason.empty()) return {};
   // A failed allocation can look like a mistake in the text: what is refused is read once more.
+  Verdict before = Verdict::accepted;
   for (int i = 0; i < 2; ++i) {
     auto owner = std::make_unique<SharedDocument>();
     Tree& tree = owner->tree;
     tree.reserve(text.size());
     if (taken != nullptr) tree.takeOver(std::move(*taken));
     const std::string_view source = taken != nullptr ? tree.takenOver() : text;
-    const bool isDecided = Builder(tree, source, taken != nullptr).parse(why);
-    if (isDecided && why.reason.empty()) return NodeAccess::makeDocument(*owner.release());
+    const Verdict verdict = Builder(tree, source, taken != nullptr).parse(why);
+    if (verdict == Verdict::accepted) return NodeAccess::makeDocument(*owner.release());
     if (taken != nullptr) *taken = tree.giveBack();
-    if (isDecided) break;
+    if (verdict == Verdict::refused) break;
+    const bool isNew = i > 0 && before != Verdict::lacksMemory;
+    if (verdict == Verdict::lacksMemory && isNew) throw std::bad_alloc();
+    before = verdict;
   }
   return {};
 }

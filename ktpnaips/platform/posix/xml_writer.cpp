@@ -16,14 +16,13 @@ class Writer {
   Writer(const Tree& tree, Index top) : tree_(tree), top_(top) {}
 
   std::string write() {
-    std::size_t levels = 0;
     for (Index node = top_;;) {
       if (open(node)) {
-        if (++levels == mostLevels) refuseDepth();
+        ++levels_;
         node = tree_[node].firstChild;
         continue;
       }
-      for (; node != top_ && tree_[node].next == 0; --levels) {
+      for (; node != top_ && tree_[node].next == 0; --levels_) {
         node = tree_[node].parent;
         close(node);
       }
@@ -74,6 +73,7 @@ class Writer {
   }
 
   bool openElement(Index element) {
+    if (levels_ == mostLevels) refuseDepth();
     const Entry& entry = tree_[element];
     put({"<", tree_.nameOf(element).qualified});
     declareAll(element);
@@ -157,6 +157,7 @@ class Writer {
 
   const Tree& tree_;
   Index top_;
+  std::size_t levels_ = 0;
   std::string xml_;
   std::vector<InScope> inScope_;
   std::size_t endOfDeclarations_ = 0;  ///< those of the first element
