@@ -3,6 +3,7 @@
 #include <ktpnaips/platform/xml.h>
 #include <ktpnaips/platform/xml_common.h>
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace ktpnaips::xml {
@@ -124,9 +125,11 @@ class Writer {
   void require(const Name& name, Index element) {
     const std::string_view prefix = name.prefix();
     if (prefix == "xml") return;
-    for (auto each = inScope_.rbegin(); each != inScope_.rend(); ++each) {
-      if (each->prefix != prefix) continue;
-      if (each->uri != name.uri) declare(prefix, name.uri, element);
+    const auto around =
+        std::find_if(inScope_.rbegin(), inScope_.rend(),
+                     [prefix](const InScope& each) { return each.prefix == prefix; });
+    if (around != inScope_.rend()) {
+      if (around->uri != name.uri) declare(prefix, name.uri, element);
       return;
     }
     const bool isNone = prefix.empty() && name.uri == 0;
