@@ -43,11 +43,17 @@ TEST(LeadingNumber, EndsAtANul) {
   EXPECT_EQ(leadingNumber(std::wstring_view(L"1\0002", 3)), 1.0);
 }
 
-TEST(LeadingNumber, SkipsSpacesTabsAndLineFeeds) {
+TEST(LeadingNumber, MayStandBehindBlanks) {
   EXPECT_EQ(leadingNumber(L"  -33.95"), -33.95);
   EXPECT_EQ(leadingNumber(L"\t\n 5"), 5.0);
-  EXPECT_EQ(leadingNumber(L"1 615 198"), 1615198.0);
-  EXPECT_EQ(leadingNumber(L"- 33 . 95"), -33.95);
+}
+
+TEST(LeadingNumber, EndsAtABlankInsideIt) {
+  EXPECT_EQ(leadingNumber(L"151 12 30"), 151.0);
+  EXPECT_EQ(leadingNumber(L"33.\t95"), 33.0);
+  EXPECT_EQ(leadingNumber(L"1\n2"), 1.0);
+  EXPECT_EQ(leadingNumber(L"- 3"), 0.0);
+  EXPECT_EQ(leadingNumber(L"+ 3"), 0.0);
 }
 
 TEST(LeadingNumber, HasAPointWhateverTheLocale) {
@@ -61,19 +67,23 @@ TEST(LeadingNumber, HasAPointWhateverTheLocale) {
   std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST(LeadingNumber, MayHaveAnExponent) {
-  EXPECT_EQ(leadingNumber(L"1e3"), 1000.0);
-  EXPECT_EQ(leadingNumber(L"1E-2"), 0.01);
-  EXPECT_EQ(leadingNumber(L"1.5d+2"), 150.0);
-  EXPECT_EQ(leadingNumber(L"2D1"), 20.0);
-  EXPECT_EQ(leadingNumber(L"3east"), 3.0);
+TEST(LeadingNumber, HasNoExponent) {
+  EXPECT_EQ(leadingNumber(L"33D52"), 33.0);
+  EXPECT_EQ(leadingNumber(L"33d52"), 33.0);
+  EXPECT_EQ(leadingNumber(L"33E2"), 33.0);
+  EXPECT_EQ(leadingNumber(L"33e2"), 33.0);
+  EXPECT_EQ(leadingNumber(L"1.5e-2"), 1.5);
+  EXPECT_EQ(leadingNumber(L"1e99999"), 1.0);
 }
 
 TEST(LeadingNumber, OverflowsWhenItIsTooLarge) {
-  EXPECT_EQ(leadingNumber(L"1e308"), 1e308);
-  EXPECT_EQ(leadingNumber(L"1e-400"), 0.0);
-  for (const wchar_t* text : {L"1e309", L"-1e309", L"1e99999"}) {
-    EXPECT_EQ(faultOf([&] { (void)leadingNumber(text); }), fault::overflow);
+  const std::wstring zeros(308, L'0');
+  EXPECT_EQ(leadingNumber(L"1" + zeros), 1e308);
+  EXPECT_EQ(leadingNumber(L"." + zeros + zeros + L"1"), 0.0);
+  EXPECT_EQ(leadingNumber(L"-000." + zeros + zeros + L"1"), 0.0);
+  for (const wchar_t* start : {L"10", L"-10", L"+10", L" 0010"}) {
+    EXPECT_EQ(faultOf([&] { (void)leadingNumber(start + zeros); }), fault::overflow);
+    EXPECT_EQ(faultOf([&] { (void)leadingNumber(start + zeros + L".5"); }), fault::overflow);
   }
   EXPECT_EQ(faultOf([] { (void)leadingNumber(std::wstring(100'000, L'9')); }), fault::overflow);
 }

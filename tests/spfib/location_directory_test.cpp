@@ -87,14 +87,19 @@ TEST(LocationDirectory, ReadsWhatItsEntriesHave) {
 TEST(LocationDirectory, ReadsTheNumberAtTheStartOfACoordinate) {
   LocAirspaceDirectoryRsp response;
   test::load(response, test::success(coord(" -33.5 deg", "151,5") + coord("north", "") +
-                                     coord("1e2", ".5S")));
-  ASSERT_EQ(response.Count(), 3);
+                                     coord("33e2", ".5S") + coord("33D52", "151 12 30") +
+                                     coord("- 3", "+1.2.3")));
+  ASSERT_EQ(response.Count(), 5);
   EXPECT_EQ(response.Item(1)->Coord()->Lat(), -33.5);
   EXPECT_EQ(response.Item(1)->Coord()->Lon(), 151.0);
   EXPECT_EQ(response.Item(2)->Coord()->Lat(), 0.0);
   EXPECT_EQ(response.Item(2)->Coord()->Lon(), 0.0);
-  EXPECT_EQ(response.Item(3)->Coord()->Lat(), 100.0);
+  EXPECT_EQ(response.Item(3)->Coord()->Lat(), 33.0);
   EXPECT_EQ(response.Item(3)->Coord()->Lon(), 0.5);
+  EXPECT_EQ(response.Item(4)->Coord()->Lat(), 33.0);
+  EXPECT_EQ(response.Item(4)->Coord()->Lon(), 151.0);
+  EXPECT_EQ(response.Item(5)->Coord()->Lat(), 0.0);
+  EXPECT_EQ(response.Item(5)->Coord()->Lon(), 1.2);
 }
 
 TEST(LocationDirectory, HasNoPositionWithoutALatitude) {
@@ -122,7 +127,8 @@ TEST(LocationDirectory, EndsBeforeAnEntryWithALatitudeOnly) {
 }
 
 TEST(LocationDirectory, EndsBeforeAnEntryWithATooLargeNumber) {
-  for (const std::string& tooLarge : {coord("1e999", "2"), coord("1", "-1e999")}) {
+  const std::string digits(400, '9');
+  for (const std::string& tooLarge : {coord(digits, "2"), coord("1", '-' + digits)}) {
     const test::FailureRecorder recorder;
     LocAirspaceDirectoryRsp response;
     test::load(response, test::success(coord("1", "2") + tooLarge));
@@ -135,7 +141,7 @@ TEST(LocationDirectory, EndsBeforeAnEntryWithATooLargeNumber) {
 
 TEST(LocationDirectory, KeepsCoordinatesOfAnyMagnitude) {
   LocAirspaceDirectoryRsp response;
-  test::load(response, test::success(coord("1e308", "-40000")));
+  test::load(response, test::success(coord('1' + std::string(308, '0'), "-40000")));
   ASSERT_EQ(response.Count(), 1);
   EXPECT_EQ(response.Item(1)->Coord()->Lat(), 1e308);
   EXPECT_EQ(response.Item(1)->Coord()->Lon(), -40000.0);
