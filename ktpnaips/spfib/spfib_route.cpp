@@ -4,27 +4,27 @@
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/spfib/spfib_route.h>
 
-#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace ktpnaips {
 
 using modBrevank::addElement;
 
-void SPFIBRoute::append(std::shared_ptr<Point> point, Key key) {
-  keys_.reserve(keys_.size() + 1);
-  points_.push_back(std::move(point));
-  keys_.push_back(std::move(key));
-}
-
 void SPFIBRoute::Add(std::shared_ptr<Point> point) {
-  append(std::move(point), {});
+  points_.push_back(std::move(point));
 }
 
 void SPFIBRoute::Add(std::shared_ptr<Point> point, std::wstring_view key) {
-  Key upper = text::toUpper(key);
-  if (std::ranges::find(keys_, upper) != keys_.end()) throw RuntimeFault(fault::duplicateKey);
-  append(std::move(point), std::move(upper));
+  if (key.empty()) return Add(std::move(point));
+  const auto [entry, isNew] = positions_.try_emplace(text::toUpper(key), points_.size());
+  if (!isNew) throw RuntimeFault(fault::duplicateKey);
+  try {
+    Add(std::move(point));
+  } catch (...) {
+    positions_.erase(entry);
+    throw;
+  }
 }
 
 void SPFIBRoute::addNamed(std::wstring_view name) {
@@ -46,9 +46,9 @@ std::size_t SPFIBRoute::positionOf(std::int32_t index) const {
 }
 
 std::size_t SPFIBRoute::positionOf(std::wstring_view key) const {
-  const auto found = std::ranges::find(keys_, Key(text::toUpper(key)));
-  if (found == keys_.end()) throw RuntimeFault(fault::invalidCall);
-  return static_cast<std::size_t>(found - keys_.begin());
+  const auto found = positions_.find(text::toUpper(key));
+  if (found == positions_.end()) throw RuntimeFault(fault::invalidCall);
+  return found->second;
 }
 
 std::shared_ptr<Point> SPFIBRoute::Item(std::int32_t index) const {
@@ -60,9 +60,11 @@ std::shared_ptr<Point> SPFIBRoute::Item(std::wstring_view key) const {
 }
 
 void SPFIBRoute::removeAt(std::size_t position) {
-  const auto offset = static_cast<std::ptrdiff_t>(position);
-  points_.erase(points_.begin() + offset);
-  keys_.erase(keys_.begin() + offset);
+  points_.erase(points_.begin() + static_cast<std::ptrdiff_t>(position));
+  std::erase_if(positions_, [position](const auto& each) { return each.second == position; });
+  for (auto& [key, each] : positions_) {
+    if (each > position) --each;
+  }
 }
 
 void SPFIBRoute::Remove(std::int32_t index) {
@@ -79,7 +81,7 @@ std::int32_t SPFIBRoute::Count() const noexcept {
 
 void SPFIBRoute::Clear() noexcept {
   points_.clear();
-  keys_.clear();
+  positions_.clear();
 }
 
 void SPFIBRoute::appendTo(const xml::Node& stage, std::wstring_view namespaceUri) const {

@@ -7,9 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace ktpnaips {
@@ -24,7 +24,8 @@ class SPFIBRoute : public IAppendable {
 
   /// Appends the point; it is not checked.
   void Add(std::shared_ptr<Point> point);
-  /// Appends the point under a key. Throws fault 457 when the route has the key already.
+  /// Appends the point under a key; an empty one is none. Throws fault 457 when the route has the
+  /// key already.
   void Add(std::shared_ptr<Point> point, std::wstring_view key);
 
   /// Appends the point that the designator gives.
@@ -58,15 +59,12 @@ class SPFIBRoute : public IAppendable {
   void appendTo(const xml::Node& stage, std::wstring_view namespaceUri) const override;
 
  private:
-  using Key = std::optional<std::wstring>;
-
-  void append(std::shared_ptr<Point> point, Key key);
   [[nodiscard]] std::size_t positionOf(std::int32_t index) const;
   [[nodiscard]] std::size_t positionOf(std::wstring_view key) const;
   void removeAt(std::size_t position);
 
   std::vector<std::shared_ptr<Point>> points_;
-  std::vector<Key> keys_;  // one for each point, upper-cased
+  std::unordered_map<std::wstring, std::size_t> positions_;  // by key, upper-cased
 };
 
 }  // namespace ktpnaips

@@ -3,12 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
+#include "tests/support/failing_allocation.h"
 #include "tests/support/fault.h"
 #include "tests/support/parts.h"
 
@@ -173,6 +176,71 @@ TEST(BulletinRoute, FaultsAtASecondPointUnderTheSameKey) {
   EXPECT_EQ(faultOf([&] { route.Add(named(L"b"), L"START"); }), fault::duplicateKey);
   EXPECT_EQ(route.Count(), 1);
   EXPECT_EQ(route.Item(L"start"), first);
+}
+
+TEST(BulletinRoute, TakesAnEmptyKeyForNone) {
+  SPFIBRoute route;
+  const auto second = named(L"b");
+  route.Add(named(L"a"), L"");
+  route.Add(second, L"");
+  EXPECT_EQ(route.Count(), 2);
+  EXPECT_EQ(route.Item(2), second);
+  EXPECT_EQ(faultOf([&] { (void)route.Item(L""); }), fault::invalidCall);
+  EXPECT_EQ(faultOf([&] { route.Remove(L""); }), fault::invalidCall);
+}
+
+TEST(BulletinRoute, TakesManyKeysAsQuicklyAsFew) {
+  constexpr int many = 100'000;
+  SPFIBRoute route;
+  const auto point = named(L"a");
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < many; ++i) route.Add(point, std::to_wstring(i));
+  for (int i = 0; i < many; ++i) (void)route.Item(std::to_wstring(i));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  EXPECT_EQ(route.Count(), many);
+}
+
+TEST(BulletinRoute, KeepsItsPointsAndKeysTogetherWhenAnAllocationFails) {
+  for (int before = 0;; ++before) {
+    SPFIBRoute route;
+    route.Add(named(L"a"), L"start");
+    const auto point = named(L"b");
+    bool hasFailed = false;
+    {
+      const test::FailingAllocation failing(before);
+      try {
+        route.Add(point, L"a key that is too long to be kept without an allocation");
+      } catch (const std::bad_alloc&) {
+      }
+      hasFailed = failing.hasFailed();
+    }
+    if (!hasFailed) break;
+    EXPECT_EQ(route.Count(), 1);
+    EXPECT_EQ(faultOf([&] {
+                route.Add(point, L"A KEY that is too long to be kept without an allocation");
+              }),
+              0);
+    EXPECT_EQ(route.Item(2), point);
+    ASSERT_LT(before, 100);
+  }
+}
+
+TEST(BulletinRoute, FindsItsPointsByTheirKeysBehindARemovedOne) {
+  SPFIBRoute route;
+  const auto third = named(L"c");
+  const auto fourth = named(L"d");
+  route.Add(named(L"a"), L"one");
+  route.Add(named(L"b"));
+  route.Add(third, L"three");
+  route.Add(fourth, L"four");
+  route.Remove(2);
+  EXPECT_EQ(route.Item(L"three"), third);
+  route.Remove(L"one");
+  EXPECT_EQ(route.Item(L"three"), third);
+  EXPECT_EQ(route.Item(L"four"), fourth);
+  route.Remove(L"four");
+  EXPECT_EQ(route.Count(), 1);
+  EXPECT_EQ(route.Item(1), third);
 }
 
 TEST(BulletinRoute, RemovesByIndexAndByKey) {
