@@ -18,9 +18,8 @@ constexpr DateTime firstDateTime =
 constexpr DateTime endOfDateTimes =
     std::chrono::local_days{std::chrono::year{10000} / std::chrono::January / std::chrono::day{1}};
 
-DateTime checked(DateTime value) {
-  if (value < firstDateTime || value >= endOfDateTimes) throw RuntimeFault(fault::overflow);
-  return value;
+bool canTell(DateTime value) {
+  return value >= firstDateTime && value < endOfDateTimes;
 }
 
 /// What import libraries do not have on every compiler.
@@ -43,12 +42,15 @@ DateTime toDateTime(DATE date) {
   if (!(date > -bound && date < bound)) throw RuntimeFault(fault::overflow);
   const double day = std::trunc(date);
   const double second = std::round(std::fabs(date - day) * secondsADay);
-  return checked(zeroDateTime + std::chrono::days(static_cast<int>(day)) +
-                 std::chrono::seconds(static_cast<int>(second)));
+  const DateTime value = zeroDateTime + std::chrono::days(static_cast<int>(day)) +
+                         std::chrono::seconds(static_cast<int>(second));
+  if (!canTell(value)) throw RuntimeFault(fault::overflow);
+  return value;
 }
 
 DATE toDate(DateTime value) {
-  const auto sinceZero = checked(value) - zeroDateTime;
+  if (!canTell(value)) return 0;
+  const auto sinceZero = value - zeroDateTime;
   const auto day = std::chrono::floor<std::chrono::days>(sinceZero);
   const auto days = static_cast<double>(day.count());
   const double fraction = static_cast<double>((sinceZero - day).count()) / secondsADay;

@@ -20,6 +20,7 @@ namespace ktpnaips::component {
 
 /// To the second. Throws fault 6 outside the years 100 to 9999.
 DateTime toDateTime(DATE date);
+/// What automation cannot tell, outside those years, is the zero date-time.
 DATE toDate(DateTime value);
 
 xml::Node toNode(IDispatch* native);

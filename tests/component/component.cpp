@@ -148,6 +148,19 @@ Object newElement() {
   return object(get(document, L"documentElement"));
 }
 
+Object document(const std::wstring& text) {
+  const Object result = object(get(newElement(), L"ownerDocument"));
+  call(result, L"loadXML", {text.c_str()});
+  return result;
+}
+
+Object answer(const std::wstring& children) {
+  return document(
+      L"<s:Envelope xmlns:s='http://schemas.xmlsoap.org/soap/envelope/' "
+      L"xmlns:n='http://naips.example/naips/xsd'><s:Body><n:answer status='SUCCESS'>" +
+      children + L"</n:answer></s:Body></s:Envelope>");
+}
+
 std::wstring content(const Object& element) {
   static const std::wregex layout(L"\\r\\n\\t*| xmlns:ndd=\"urn:x\"");
   return std::regex_replace(text(get(element, L"xml")), layout, L"");

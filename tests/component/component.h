@@ -57,6 +57,10 @@ std::wstring text(const _variant_t& value);
 
 /// The DOM's element "root" of a new document of MSXML.
 Object newElement();
+/// A document of MSXML with this text.
+Object document(const std::wstring& text);
+/// An answer of the service that succeeded, with these children in the namespace of prefix "n".
+Object answer(const std::wstring& children);
 /// An element in one line, without the declarations of "urn:x": engines differ in both.
 std::wstring content(const Object& element);
 /// What a part writes under the element "root".

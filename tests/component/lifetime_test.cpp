@@ -35,19 +35,6 @@ Object routeOf(std::initializer_list<const wchar_t*> names) {
   return route;
 }
 
-Object document(const std::wstring& text) {
-  const Object result = object(get(newElement(), L"ownerDocument"));
-  call(result, L"loadXML", {text.c_str()});
-  return result;
-}
-
-Object answer(const std::wstring& children) {
-  return document(
-      L"<s:Envelope xmlns:s='http://schemas.xmlsoap.org/soap/envelope/' "
-      L"xmlns:n='http://naips.example/naips/xsd'><s:Body><n:answer status='SUCCESS'>" +
-      children + L"</n:answer></s:Body></s:Envelope>");
-}
-
 TEST_F(Lifetime, AnObjectIsCountedUntilItsLastReference) {
   EXPECT_EQ(canUnload(), S_OK);
   Object first = create("NAIPSConfig");

@@ -98,6 +98,25 @@ TEST_F(Values, WhatIsNoDateIsRefused) {
   }
 }
 
+TEST_F(Values, ADateThatAutomationCannotTellIsTheZeroDate) {
+  const auto dateRead = [](const std::wstring& text) {
+    const Object list = create("ActiveSPFIBDirectoryRsp");
+    set(list, L"ResponseDoc", answer(L"<n:spfib><n:dtg>" + text + L"</n:dtg></n:spfib>").Get());
+    const auto outcome =
+        invoke(object(get(list, L"Item", {1})).Get(), L"DTG", DISPATCH_PROPERTYGET);
+    EXPECT_EQ(outcome.code, S_OK) << text.c_str();
+    EXPECT_EQ(outcome.value.vt, VT_DATE) << text.c_str();
+    return outcome.value.date;
+  };
+  EXPECT_EQ(dateRead(L"0100-01-01T00:00:00Z"), -657'434.0);
+  EXPECT_EQ(dateRead(L"9999-12-31T00:00:00Z"), 2'958'465.0);
+  EXPECT_NEAR(dateRead(L"9999-12-31T23:59:59Z"), 2'958'466.0, 2e-5);
+  for (const wchar_t* text : {L"0099-12-31T23:59:59Z", L"0000-00-00T00:00:00Z",
+                              L"9999-12-31T24:00:00Z", L"9999-99-99T99:99:99Z"}) {
+    EXPECT_EQ(dateRead(text), 0.0) << text;
+  }
+}
+
 TEST_F(Values, FloatingNumbersPassWithEveryBit) {
   const Object point = create("CoordinatePoint");
   for (const double value : {0.1, -0.0, 1e300, std::numeric_limits<double>::denorm_min()}) {
