@@ -39,6 +39,9 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/KTPNaipsConfig.cmake
 # Without the shared library every program links the archive, and so what the archive needs.
 list(TRANSFORM needed_names PREPEND -l)
 list(JOIN needed_names " " needed_names)
+if(NOT WIN32)
+  string(PREPEND needed_names "-Wl,-z,nodelete ")
+endif()
 set(NEEDED_ALWAYS "")
 set(NEEDED_BY_ARCHIVE ${needed_names})
 if(NOT BUILD_SHARED_LIBS)

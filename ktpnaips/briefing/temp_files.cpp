@@ -1,25 +1,69 @@
 #include <ktpnaips/briefing/temp_files.h>
 #include <ktpnaips/core/trap.h>
 #include <ktpnaips/platform/files.h>
+#include <ktpnaips/platform/process.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/thread_state.h>
 
 #include <algorithm>
+#include <exception>
+#include <mutex>
+#include <utility>
 
 namespace ktpnaips {
+namespace {
+
+// Guards the list of managers and the files of each, since whoever ends the program removes those
+// of all threads.
+std::mutex filesMutex;
+TempFileManager* firstManager = nullptr;
+bool isEnding = false;
+
+}  // namespace
+
+/// Removes what threads that are left still have.
+struct TempFileManager::AtExit {
+  AtExit() {
+    platform::aroundForks([] { filesMutex.lock(); }, [] { filesMutex.unlock(); });
+  }
+  AtExit(const AtExit&) = delete;
+  AtExit& operator=(const AtExit&) = delete;
+  ~AtExit() {
+    const std::lock_guard lock(filesMutex);
+    isEnding = true;
+    for (auto* each = firstManager; each != nullptr; each = each->next_) each->removeFiles();
+  }
+};
+
+TempFileManager::TempFileManager() {
+  static const AtExit atExit;
+  const std::lock_guard lock(filesMutex);
+  next_ = std::exchange(firstManager, this);
+  if (next_ != nullptr) next_->previous_ = this;
+}
 
 TempFileManager::~TempFileManager() {
-  for (const auto& file : files_) {
-    if (files::exists(file)) files::remove(file);
-  }
+  const std::lock_guard lock(filesMutex);
+  removeFiles();
+  (previous_ != nullptr ? previous_->next_ : firstManager) = next_;
+  if (next_ != nullptr) next_->previous_ = previous_;
+}
+
+void TempFileManager::removeFiles() noexcept {
+  for (auto& file : files_) file.remove();
 }
 
 std::wstring TempFileManager::CreateTempFile(std::wstring_view prefix) {
-  std::wstring& path = files_.emplace_back();
-  path = files::createTemporary(prefix);
-  if (!path.empty()) return path;
-  files_.pop_back();
-  return {};
+  try {
+    const std::lock_guard lock(filesMutex);
+    if (isEnding) return {};
+    files::TemporaryFile file(prefix);
+    std::wstring path = file.path();
+    if (!path.empty()) files_.push_back(std::move(file));
+    return path;
+  } catch (const std::exception&) {  // a failure is an empty text
+    return {};
+  }
 }
 
 std::wstring TempFileManager::GetUniqueFilename(std::wstring_view name) {
@@ -37,7 +81,7 @@ std::wstring TempFileManager::GetUniqueFilename(std::wstring_view name, FreePath
 }
 
 bool TempFileManager::isTemporary(std::wstring_view path) const {
-  return std::ranges::find(files_, path) != files_.end();
+  return std::ranges::find(files_, path, &files::TemporaryFile::path) != files_.end();
 }
 
 std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::wstring& path,
@@ -61,10 +105,11 @@ std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::ws
 }
 
 void TempFileManager::writeTemporary(const std::wstring& path, std::string_view bytes) {
+  const auto file = files::systemPath(path);
   try {
-    files::write(path, files::Create::orTruncate, bytes);
+    files::write(path, files::Create::never, bytes);
   } catch (...) {  // the empty file would pass for the product
-    files::remove(path);
+    files::remove(file);
     throw;
   }
 }

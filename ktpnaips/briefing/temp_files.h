@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ktpnaips/briefing/free_paths.h>
+#include <ktpnaips/platform/temporary_file.h>
 
 #include <string>
 #include <string_view>
@@ -8,16 +9,17 @@
 
 namespace ktpnaips {
 
-/// Temporary files, deleted when their manager is released, and unique names in the data folder.
+/// Temporary files, deleted when their manager is released or the program ends, and unique names in
+/// the data folder.
 class TempFileManager {
  public:
-  TempFileManager() = default;
+  TempFileManager();
   TempFileManager(const TempFileManager&) = delete;
   TempFileManager& operator=(const TempFileManager&) = delete;
   ~TempFileManager();
 
   /// Makes a new, empty file in the system's temporary folder and returns its path; an empty text
-  /// on failure.
+  /// on failure, and while the program ends.
   std::wstring CreateTempFile(std::wstring_view prefix);
 
   /// A path in the data folder that no file occupies yet: the name with a number from 1 before its
@@ -38,13 +40,18 @@ class TempFileManager {
                             std::string_view bytes, FreePaths& paths) const;
 
   /// Writes a product at the path of a temporary file, which is gone when that fails. Throws fault
-  /// 61, 70, 75 or 76.
+  /// 61, 70, 75 or 76, the last also when the file is not there any more.
   static void writeTemporary(const std::wstring& path, std::string_view bytes);
 
  private:
-  [[nodiscard]] bool isTemporary(std::wstring_view path) const;
+  struct AtExit;
 
-  std::vector<std::wstring> files_;
+  [[nodiscard]] bool isTemporary(std::wstring_view path) const;
+  void removeFiles() noexcept;
+
+  std::vector<files::TemporaryFile> files_;
+  TempFileManager* next_ = nullptr;  // of all that there are
+  TempFileManager* previous_ = nullptr;
 };
 
 /// The calling thread's manager, which lives as long as the thread's library state.

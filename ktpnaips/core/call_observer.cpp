@@ -2,6 +2,7 @@
 #include <ktpnaips/core/call_watch.h>
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/trap.h>
+#include <ktpnaips/platform/lasting.h>
 
 #include <atomic>
 #include <mutex>
@@ -15,8 +16,8 @@ std::mutex observerMutex;
 std::atomic<bool> isObserved = false;
 
 std::shared_ptr<const CallObserver>& installedObserver() {
-  static std::shared_ptr<const CallObserver> observer;
-  return observer;
+  static platform::Lasting<std::shared_ptr<const CallObserver>> observer;
+  return *observer;
 }
 
 std::shared_ptr<const CallObserver> currentObserver() {

@@ -1,6 +1,7 @@
 #include <ktpnaips/core/conversions.h>
 #include <ktpnaips/core/pattern.h>
 #include <ktpnaips/core/trap.h>
+#include <ktpnaips/platform/lasting.h>
 #include <ktpnaips/platform/text.h>
 
 #include <algorithm>
@@ -105,12 +106,12 @@ std::wstring minutesToDuration(std::int16_t minutes) {
 namespace Utilities {
 
 DateTime convertISODateTime(std::wstring_view text) {
-  static const Pattern isoText(
+  static const platform::Lasting<Pattern> isoText(
       L"^([0-9]{4})-([0-9]{2})-([0-9]{2})(?:T([0-9]{2}):([0-9]{2}):([0-9]{2}))?");
   DateTime result = zeroDateTime;
   trapped(inModule(L"convertISODateTime", L"Utilities"), [&] {
     const auto upper = text::toUpper(text);
-    const auto parts = isoText.search(trimSpaces(upper));
+    const auto parts = isoText->search(trimSpaces(upper));
     if (parts.empty()) {
       result = noDateTime;
       return;

@@ -1,4 +1,5 @@
 #include <ktpnaips/core/deployment.h>
+#include <ktpnaips/platform/lasting.h>
 
 #include <utility>
 
@@ -6,8 +7,8 @@ namespace ktpnaips {
 namespace {
 
 Deployment& inUse() {
-  static Deployment deployment;
-  return deployment;
+  static platform::Lasting<Deployment> deployment;
+  return *deployment;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <ktpnaips/core/failure_report.h>
 #include <ktpnaips/core/trap.h>
 #include <ktpnaips/platform/desktop.h>
+#include <ktpnaips/platform/lasting.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
 
@@ -18,8 +19,8 @@ namespace {
 std::mutex reporterMutex;
 
 std::shared_ptr<const FailureReporter>& installedReporter() {
-  static std::shared_ptr<const FailureReporter> reporter;
-  return reporter;
+  static platform::Lasting<std::shared_ptr<const FailureReporter>> reporter;
+  return *reporter;
 }
 
 std::shared_ptr<const FailureReporter> currentReporter() {

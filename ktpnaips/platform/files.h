@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -10,9 +11,14 @@ namespace ktpnaips::files {
 /// Separates folder names in a path: a backslash on Windows, a slash elsewhere.
 extern const wchar_t separator;
 
+/// A path as the system has it, which the locale has no part in.
+std::filesystem::path systemPath(std::wstring_view path);
+/// The text of such a path.
+std::wstring textOf(const std::filesystem::path& path);
+
 /// Makes a new, empty file in the system's temporary folder, readable by its owner only, named by
-/// the prefix, a unique number and ".tmp". Returns its full path, or an empty text on failure.
-std::wstring createTemporary(std::wstring_view prefix);
+/// the prefix, a unique number and ".tmp". Returns its full path, or an empty one on failure.
+std::filesystem::path createTemporary(std::wstring_view prefix);
 
 /// The folder for application data of the default user profile, without a separator at its end, or
 /// an empty text when there is none.
@@ -21,8 +27,8 @@ std::wstring applicationDataFolder();
 /// Creates the folder and its missing parents, quietly: a failure shows when a file is created.
 void createFolders(std::wstring_view folder);
 
-/// True when something stands at the path and is not a folder.
-bool exists(std::wstring_view path);
+/// True when something stands at the path and is not a folder. Needs no memory.
+bool exists(const std::filesystem::path& path) noexcept;
 
 /// True when a search with ordinary attributes finds the path: folders, and on Windows hidden and
 /// system files, are not seen.
@@ -36,15 +42,15 @@ void forEachVisible(std::wstring_view folder, const std::function<void(std::wstr
 /// to: not empty, no separator, drive letter, wildcard or control character, no name of a device.
 bool isPlainName(std::wstring_view name);
 
-/// Removes the file if it can.
-void remove(std::wstring_view path) noexcept;
+/// Removes the file if it can. Needs no memory.
+void remove(const std::filesystem::path& path) noexcept;
 
 enum class Create {
   exclusively,  ///< the file must not exist
-  orTruncate    ///< an existing file is emptied
+  never         ///< the file must exist, and is emptied
 };
 
-/// Creates a file and writes it whole. Returns false, having written nothing, when
+/// Opens a file and writes it whole. Returns false, having written nothing, when
 /// `Create::exclusively` finds a file (of any kind but a folder, links included) there. Throws
 /// fault 61, 70, 75 or 76; a file that could not be written whole is removed.
 bool write(std::wstring_view path, Create how, std::string_view bytes);

@@ -1,3 +1,4 @@
+#include <ktpnaips/platform/lasting.h>
 #include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 
@@ -15,8 +16,8 @@ struct InstalledLogIn {
 };
 
 InstalledLogIn& installedLogIn() {
-  static InstalledLogIn installed;
-  return installed;
+  static platform::Lasting<InstalledLogIn> installed;
+  return *installed;
 }
 
 std::shared_ptr<const ProxyLogIn> currentLogIn() {

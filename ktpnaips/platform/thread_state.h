@@ -1,15 +1,18 @@
 #pragma once
 
+#include <ktpnaips/platform/cancellation.h>
+#include <ktpnaips/platform/lasting.h>
+
 namespace ktpnaips::platform {
 
-/// One object a thread: made on first use, destroyed when its thread ends or the library is
-/// unloaded. Slots live as long as the library.
+/// One object a thread: made on first use, destroyed when its thread ends or, on Windows, the
+/// library is unloaded. The objects of threads that are left when the program ends stay.
 class ThreadSlot {
  public:
   ThreadSlot(void* (*make)(), void (*destroy)(void*));
   ThreadSlot(const ThreadSlot&) = delete;
   ThreadSlot& operator=(const ThreadSlot&) = delete;
-  ~ThreadSlot();  // NOLINT(performance-trivially-destructible): not so on Windows
+  ~ThreadSlot();
 
   /// The calling thread's object.
   void* get();
@@ -23,9 +26,12 @@ class ThreadSlot {
 /// The calling thread's object of type `T`, default-constructed on first use.
 template <class T>
 T& threadState() {
-  static ThreadSlot slot([]() -> void* { return new T; },
-                         [](void* state) { delete static_cast<T*>(state); });
-  return *static_cast<T*>(slot.get());
+  static Lasting<ThreadSlot> slot([]() -> void* { return new T; },
+                                  [](void* state) {
+                                    const WithoutCancellation whole;
+                                    delete static_cast<T*>(state);
+                                  });
+  return *static_cast<T*>(slot->get());
 }
 
 }  // namespace ktpnaips::platform

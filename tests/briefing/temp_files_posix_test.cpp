@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <thread>
 
 #include "tests/support/data_folder.h"
+#include "tests/support/failing_allocation.h"
 #include "tests/support/fault.h"
 #include "tests/support/ordinary_user_posix.h"
 #include "tests/support/scoped_environment.h"
@@ -21,6 +23,45 @@ namespace fs = std::filesystem;
 
 const std::string oneProduct =
     test::success("<n:product type=\"PNG\"><n:content>QUJD</n:content></n:product>");
+
+TEST(TemporaryFileWithoutMemory, IsNotLeftBehind) {
+  const test::ScratchFolder scratch;
+  const test::ScopedEnvironment variable("TMPDIR", scratch.path().string());
+  for (int before = 0; before < 20; ++before) {
+    {
+      TempFileManager manager;
+      const test::FailingAllocation failing(before);
+      EXPECT_NO_THROW(manager.CreateTempFile(L"KTP"));
+    }
+    EXPECT_TRUE(fs::is_empty(scratch.path())) << before;
+  }
+}
+
+TEST(TemporaryFileInAFolderOfAnyCharacters, IsDeletedWithItsManager) {
+  const test::ScratchFolder scratch;
+  const fs::path folder = scratch.path() / u8"caf\u00e9 \U0001F6E9";
+  fs::create_directory(folder);
+  const test::ScopedEnvironment variable("TMPDIR", folder.string());
+  {
+    TempFileManager manager;
+    const std::wstring file = manager.CreateTempFile(L"KTP");
+    EXPECT_EQ(file.find(L"caf\u00e9 \U0001F6E9/KTP"), scratch.path().string().size() + 1);
+    TempFileManager::writeTemporary(file, "ABC");
+    EXPECT_EQ(test::contentOf(*fs::directory_iterator(folder)), "ABC");
+  }
+  EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST(DataFolderOnPosix, IsNotMadeUnderANameThatIsNotUtf8) {
+  const test::ScratchFolder scratch;
+  const test::ScopedEnvironment temporary("TMPDIR", scratch.path().string());
+  const test::ScopedEnvironment data("XDG_DATA_HOME", scratch.path().string() + "/caf\xE9");
+  const test::ScopedEnvironment home("HOME", scratch.path().string() + "/home");
+  TempFileManager manager;
+  EXPECT_EQ(fs::path(manager.GetUniqueFilename(L"x.y")).parent_path(),
+            scratch.path() / "home/.local/share/VelmoraSoftware");
+  EXPECT_EQ(std::distance(fs::directory_iterator(scratch.path()), {}), 1);
+}
 
 TEST(DataFolderOnPosix, IsMadeWithItsMissingParents) {
   const test::ScratchFolder scratch;

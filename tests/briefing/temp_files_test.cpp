@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/support/data_folder.h"
+#include "tests/support/failing_allocation.h"
 #include "tests/support/failure_recorder.h"
 #include "tests/support/fault.h"
 
@@ -67,6 +68,43 @@ TEST(TemporaryFile, IsSkippedAtCleanUpWhenAFolderHasReplacedIt) {
   EXPECT_FALSE(fs::exists(left));
   EXPECT_EQ(recorder.reports(), test::Reports{});
   fs::remove(replaced);
+}
+
+TEST(TemporaryFile, IsDeletedWhenItsManagerIsReleasedWithoutMemory) {
+  std::optional<TempFileManager> manager(std::in_place);
+  const fs::path file = manager->CreateTempFile(L"KTP");
+  {
+    const test::FailingAllocation failing;
+    manager.reset();
+  }
+  EXPECT_FALSE(fs::exists(file));
+}
+
+TEST(TemporaryFile, IsAnEmptyTextWithoutMemory) {
+  int before = 0;
+  for (bool hasFailed = true; hasFailed; ++before) {
+    TempFileManager manager;
+    std::wstring path = L"none";
+    {
+      const test::FailingAllocation failing(before);
+      EXPECT_NO_THROW(path = manager.CreateTempFile(L"KTP"));
+      hasFailed = failing.hasFailed();
+    }
+    EXPECT_EQ(path.empty(), hasFailed) << before;
+    ASSERT_LT(before, 100);
+  }
+  EXPECT_GT(before, 1);
+}
+
+TEST(TemporaryFile, IsNotMadeAgainWhenItsProductIsWritten) {
+  TempFileManager manager;
+  const std::wstring file = manager.CreateTempFile(L"KTP");
+  TempFileManager::writeTemporary(file, "ABC");
+  EXPECT_EQ(test::contentOf(file), "ABC");
+  fs::remove(file);
+  EXPECT_EQ(test::faultOf([&] { TempFileManager::writeTemporary(file, "ABC"); }),
+            fault::pathNotFound);
+  EXPECT_FALSE(fs::exists(file));
 }
 
 TEST(TemporaryFile, OfTheSharedManagerIsDeletedWhenItsThreadEnds) {

@@ -2,7 +2,9 @@
 #include <ktpnaips/platform/runtime_fault.h>
 
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstddef>
@@ -38,12 +40,23 @@ TEST(TemporaryFileOnPosix, StandsInTheFolderThatTmpdirNames) {
 
 TEST(TemporaryFileOnPosix, StandsInTmpWithoutAFullPathInTmpdir) {
   for (const auto& value : {std::optional<std::string>(), std::optional<std::string>(""),
-                            std::optional<std::string>(".")}) {
+                            std::optional<std::string>("."), std::optional<std::string>("tmp")}) {
     const test::ScopedEnvironment variable("TMPDIR", value);
     const fs::path file = files::createTemporary(L"KTP");
     EXPECT_EQ(file.parent_path(), "/tmp");
     fs::remove(file);
   }
+}
+
+TEST(TemporaryFileOnPosix, StandsInTmpWhereTmpdirIsNotUtf8) {
+  const test::ScratchFolder scratch;
+  const std::string folder = scratch.path().string() + "/caf\xE9";
+  fs::create_directory(folder);
+  const test::ScopedEnvironment variable("TMPDIR", folder);
+  const fs::path file = files::createTemporary(L"KTP");
+  EXPECT_EQ(file.parent_path(), "/tmp");
+  EXPECT_TRUE(fs::remove(file));
+  EXPECT_TRUE(fs::is_empty(folder));
 }
 
 TEST(TemporaryFileOnPosix, IsAnEmptyTextWhereNoneCanBeMade) {
@@ -81,10 +94,24 @@ TEST(FolderOfApplicationDataOnPosix, IsTheOneThatXdgDataHomeNames) {
 
 TEST(FolderOfApplicationDataOnPosix, IsInTheHomeFolderOtherwise) {
   const test::ScopedEnvironment home("HOME", "/home/somebody");
-  for (const auto& value : {std::optional<std::string>(), std::optional<std::string>(""),
-                            std::optional<std::string>("relative/folder")}) {
+  for (const auto& value :
+       {std::optional<std::string>(), std::optional<std::string>(""),
+        std::optional<std::string>("relative/folder"), std::optional<std::string>("/caf\xE9")}) {
     const test::ScopedEnvironment variable("XDG_DATA_HOME", value);
     EXPECT_EQ(files::applicationDataFolder(), L"/home/somebody/.local/share");
+  }
+}
+
+TEST(FolderOfApplicationDataOnPosix, IsInTheHomeFolderOfTheUsersEntryWithoutAHomeThatCanBeNamed) {
+  const test::ScopedEnvironment data("XDG_DATA_HOME", std::nullopt);
+  const passwd* const entry = ::getpwuid(::getuid());
+  const std::wstring expected =
+      entry != nullptr ? fs::path(entry->pw_dir).wstring() + L"/.local/share" : L"";
+  for (const auto& value :
+       {std::optional<std::string>(), std::optional<std::string>(""),
+        std::optional<std::string>("relative/home"), std::optional<std::string>("/home/caf\xE9")}) {
+    const test::ScopedEnvironment home("HOME", value);
+    EXPECT_EQ(files::applicationDataFolder(), expected);
   }
 }
 
@@ -97,7 +124,7 @@ TEST(FilesOnPosix, AreVisibleAsLinksThatLeadNowhere) {
   const test::ScratchFolder scratch;
   fs::create_symlink(scratch.path() / "none", scratch.path() / "link");
   EXPECT_TRUE(files::isVisible((scratch.path() / "link").wstring()));
-  EXPECT_FALSE(files::exists((scratch.path() / "link").wstring()));
+  EXPECT_FALSE(files::exists(scratch.path() / "link"));
 }
 
 TEST(FilesOnPosix, AreNeverMadeThroughALink) {
@@ -105,7 +132,7 @@ TEST(FilesOnPosix, AreNeverMadeThroughALink) {
   fs::create_symlink(scratch.path() / "target", scratch.path() / "link");
   const std::wstring link = (scratch.path() / "link").wstring();
   EXPECT_FALSE(files::write(link, files::Create::exclusively, "x"));
-  EXPECT_NE(test::faultOf([&] { files::write(link, files::Create::orTruncate, "x"); }), 0);
+  EXPECT_NE(test::faultOf([&] { files::write(link, files::Create::never, "x"); }), 0);
   EXPECT_FALSE(fs::exists(scratch.path() / "target"));
 }
 

@@ -70,10 +70,10 @@ TEST_F(FilesInAFolder, StayWhereAFolderCannotBeMade) {
 TEST_F(FilesInAFolder, ExistUnlessTheyAreFolders) {
   test::putFile(scratch.path() / "file");
   fs::create_directory(scratch.path() / "folder");
-  EXPECT_TRUE(files::exists(at("file")));
-  EXPECT_FALSE(files::exists(at("folder")));
-  EXPECT_FALSE(files::exists(at("none")));
-  EXPECT_FALSE(files::exists(L""));
+  EXPECT_TRUE(files::exists(scratch.path() / "file"));
+  EXPECT_FALSE(files::exists(scratch.path() / "folder"));
+  EXPECT_FALSE(files::exists(scratch.path() / "none"));
+  EXPECT_FALSE(files::exists({}));
 }
 
 TEST_F(FilesInAFolder, AreVisibleUnlessTheyAreFolders) {
@@ -153,23 +153,24 @@ TEST_F(FilesInAFolder, AreLeftAloneWhenTheyShallBeNew) {
   EXPECT_EQ(test::contentOf(scratch.path() / "file"), "theirs");
 }
 
-TEST_F(FilesInAFolder, AreEmptiedFirstWhenTheyMayExist) {
+TEST_F(FilesInAFolder, AreEmptiedFirstWhenTheyMustExist) {
   test::putFile(scratch.path() / "file", "a long text of theirs");
-  EXPECT_TRUE(files::write(at("file"), files::Create::orTruncate, "ours"));
+  EXPECT_TRUE(files::write(at("file"), files::Create::never, "ours"));
   EXPECT_EQ(test::contentOf(scratch.path() / "file"), "ours");
-  EXPECT_TRUE(files::write(at("new"), files::Create::orTruncate, "ours"));
-  EXPECT_EQ(test::contentOf(scratch.path() / "new"), "ours");
+  EXPECT_EQ(test::faultOf([&] { files::write(at("new"), files::Create::never, "ours"); }),
+            fault::pathNotFound);
+  EXPECT_FALSE(fs::exists(scratch.path() / "new"));
 }
 
 TEST_F(FilesInAFolder, FaultWhereAFolderHasTheirName) {
   fs::create_directory(scratch.path() / "folder");
-  for (const auto how : {files::Create::exclusively, files::Create::orTruncate}) {
+  for (const auto how : {files::Create::exclusively, files::Create::never}) {
     EXPECT_EQ(test::faultOf([&] { files::write(at("folder"), how, "x"); }), fault::pathFileAccess);
   }
 }
 
 TEST_F(FilesInAFolder, FaultWithoutTheirFolder) {
-  for (const auto how : {files::Create::exclusively, files::Create::orTruncate}) {
+  for (const auto how : {files::Create::exclusively, files::Create::never}) {
     EXPECT_EQ(test::faultOf([&] { files::write(at("none/file"), how, "x"); }), fault::pathNotFound);
   }
 }
@@ -179,18 +180,20 @@ TEST_F(FilesInAFolder, CarryAnyCharactersInTheirPaths) {
   const std::wstring wide =
       scratch.path().wstring() + files::separator + L"\u00e9 \u4e2d \U0001F6E9.x";
   EXPECT_TRUE(files::write(wide, files::Create::exclusively, "x"));
-  EXPECT_TRUE(files::exists(wide));
+  EXPECT_EQ(files::systemPath(wide), path);
+  EXPECT_EQ(files::textOf(path), wide);
   EXPECT_TRUE(fs::exists(path));
-  files::remove(wide);
+  EXPECT_TRUE(files::exists(path));
+  files::remove(path);
   EXPECT_FALSE(fs::exists(path));
 }
 
 TEST_F(FilesInAFolder, AreRemovedIfTheyCanBe) {
   test::putFile(scratch.path() / "file");
   fs::create_directory(scratch.path() / "folder");
-  files::remove(at("file"));
-  files::remove(at("folder"));
-  files::remove(at("none"));
+  files::remove(scratch.path() / "file");
+  files::remove(scratch.path() / "folder");
+  files::remove(scratch.path() / "none");
   EXPECT_FALSE(fs::exists(scratch.path() / "file"));
   EXPECT_TRUE(fs::exists(scratch.path() / "folder"));
 }

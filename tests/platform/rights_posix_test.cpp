@@ -43,7 +43,7 @@ TEST_F(MissingRights, ToAFolderAreFault70WhenAFileIsMadeThere) {
 TEST_F(MissingRights, ToAFileAreFault70WhenItIsWrittenAnew) {
   test::putFile(at("a"), "old");
   fs::permissions(at("a"), perms::owner_read);
-  const auto write = [&] { files::write(at("a").wstring(), files::Create::orTruncate, "new"); };
+  const auto write = [&] { files::write(at("a").wstring(), files::Create::never, "new"); };
   EXPECT_EQ(test::faultOf(write), fault::permissionDenied);
   EXPECT_EQ(test::contentOf(at("a")), "old");
 }
@@ -72,13 +72,13 @@ TEST_F(MissingRights, ToReadAFolderShowNothingOfIt) {
   test::putFile(at("a"));
   allow(perms::owner_write | perms::owner_exec);
   files::forEachVisible(at("").wstring(), [](std::wstring_view) { FAIL(); });
-  EXPECT_TRUE(files::exists(at("a").wstring()));
+  EXPECT_TRUE(files::exists(at("a")));
 }
 
 TEST_F(MissingRights, ToRemoveAFileLeaveIt) {
   test::putFile(at("a"));
   allow(readOnly);
-  files::remove(at("a").wstring());
+  files::remove(at("a"));
   EXPECT_TRUE(fs::exists(at("a")));
 }
 

@@ -1,3 +1,4 @@
+#include <ktpnaips/platform/cancellation.h>
 #include <ktpnaips/platform/files.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
@@ -25,27 +26,27 @@ namespace {
 
 constexpr std::size_t longestTemporaryFolder = 512;  // separator and end of the text included
 
-std::string environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
-
-std::string homeFolder() {
-  if (auto home = environment("HOME"); !home.empty()) return home;
-  std::array<char, 16384> buffer{};
-  passwd entry{};
-  passwd* found = nullptr;
-  getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found);
-  return found != nullptr && found->pw_dir != nullptr ? found->pw_dir : "";
-}
-
-std::string withoutTrailingSlashes(std::string path) {
+/// The folder without slashes at its end, or an empty text for one that cannot be used: as the XDG
+/// base directory rules have it, a relative path is as good as none. So is one that is not UTF-8,
+/// which the texts of hosts would change into another.
+std::string usable(const char* folder) {
+  std::string path = folder != nullptr ? folder : "";
+  if (!path.starts_with('/') || text::toUtf8(text::fromUtf8(path)) != path) return {};
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
 }
 
-bool attributes(std::wstring_view path, struct stat& result) {
-  return ::stat(text::toUtf8(path).c_str(), &result) == 0;
+std::string folderIn(const char* variable) {
+  return usable(std::getenv(variable));
+}
+
+std::string homeFolder() {
+  if (auto home = folderIn("HOME"); !home.empty()) return home;
+  std::array<char, 16384> buffer{};
+  passwd entry{};
+  passwd* found = nullptr;
+  getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found);
+  return found != nullptr ? usable(found->pw_dir) : "";
 }
 
 [[noreturn]] void throwWriteFault(int error) {
@@ -110,31 +111,37 @@ struct CloseFolder {
 
 }  // namespace
 
-std::wstring createTemporary(std::wstring_view prefix) {
-  std::string folder = environment("TMPDIR");
-  if (folder.empty() || folder.front() != '/') folder = "/tmp";
-  std::string path = withoutTrailingSlashes(std::move(folder)) + '/';
+std::filesystem::path systemPath(std::wstring_view path) {
+  return text::toUtf8(path);
+}
+
+std::wstring textOf(const std::filesystem::path& path) {
+  return text::fromUtf8(path.native());
+}
+
+std::filesystem::path createTemporary(std::wstring_view prefix) {
+  const platform::WithoutCancellation whole;
+  std::string path = folderIn("TMPDIR");
+  if (path.empty()) path = "/tmp";
+  path += '/';
   if (path.size() >= longestTemporaryFolder) return {};
   path += text::toUtf8(prefix) + "XXXXXX.tmp";
   const Descriptor file(::mkostemps(path.data(), 4, O_CLOEXEC));
   if (file.get() < 0) return {};
   try {
-    return text::fromUtf8(path);
-  } catch (...) {  // nobody would know of it
+    return std::string_view(path);  // not moved: its name is needed when that fails
+  } catch (...) {                   // nobody would know of it
     ::unlink(path.c_str());
     throw;
   }
 }
 
 std::wstring applicationDataFolder() {
-  // As the XDG base directory rules have it: a relative path is as good as none.
-  std::string folder = environment("XDG_DATA_HOME");
-  if (folder.empty() || folder.front() != '/') {
-    const std::string home = homeFolder();
-    if (home.empty()) return {};
-    folder = withoutTrailingSlashes(home) + "/.local/share";
-  }
-  return text::fromUtf8(withoutTrailingSlashes(folder));
+  if (const std::string folder = folderIn("XDG_DATA_HOME"); !folder.empty())
+    return text::fromUtf8(folder);
+  const std::string home = homeFolder();
+  if (home.empty()) return {};
+  return text::fromUtf8(home + "/.local/share");
 }
 
 void createFolders(std::wstring_view folder) {
@@ -142,9 +149,9 @@ void createFolders(std::wstring_view folder) {
   std::filesystem::create_directories(text::toUtf8(folder), ignored);
 }
 
-bool exists(std::wstring_view path) {
+bool exists(const std::filesystem::path& path) noexcept {
   struct stat status {};
-  return attributes(path, status) && !S_ISDIR(status.st_mode);
+  return ::stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
 bool isVisible(std::wstring_view path) {
@@ -160,17 +167,15 @@ void forEachVisible(std::wstring_view folder, const std::function<void(std::wstr
   }
 }
 
-void remove(std::wstring_view path) noexcept {
-  try {
-    ::unlink(text::toUtf8(path).c_str());
-  } catch (const std::exception&) {  // nothing more can be done about a leftover file
-  }
+void remove(const std::filesystem::path& path) noexcept {
+  ::unlink(path.c_str());  // nothing can be done about a leftover file
 }
 
 bool write(std::wstring_view path, Create how, std::string_view bytes) {
+  const platform::WithoutCancellation whole;
   const std::string name = text::toUtf8(path);
-  const int flags = how == Create::exclusively ? O_EXCL : O_TRUNC | O_NOFOLLOW;
-  Descriptor file(::open(name.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
+  const int flags = how == Create::exclusively ? O_CREAT | O_EXCL : O_TRUNC | O_NOFOLLOW;
+  Descriptor file(::open(name.c_str(), O_WRONLY | O_CLOEXEC | flags, 0666));
   if (file.get() < 0) {
     const int error = errno;
     if (error == EEXIST && !isFolder(name)) return false;

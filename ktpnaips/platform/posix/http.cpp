@@ -18,7 +18,7 @@ namespace ktpnaips::http {
 namespace {
 
 std::unique_ptr<Transfer>& keptTransfer() {
-  setUpLibcurl();  // before there is something to keep, so that it goes first when the program ends
+  setUpLibcurl();
   return platform::threadState<std::unique_ptr<Transfer>>();
 }
 

@@ -2,6 +2,7 @@
 #include <ktpnaips/platform/posix/http_option.h>
 #include <ktpnaips/platform/posix/http_transfer.h>
 
+#include <openssl/crypto.h>
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -105,6 +106,8 @@ ErrorCode codeOf(CURLcode result, long systemError) {
 
 void setUpLibcurl() {
   static const bool isSetUp = [] {  // tried again when it has thrown
+    // Otherwise OpenSSL takes itself apart when the program ends, under the threads that use it.
+    OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
     if (curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK) throw std::bad_alloc();
     return true;
   }();

@@ -19,12 +19,8 @@ pthread_key_t newKey(void (*destroy)(void*)) {
 ThreadSlot::ThreadSlot(void* (*make)(), void (*destroy)(void*))
     : make_(make), destroy_(destroy), index_(newKey(destroy)) {}
 
-// The thread that ends the program does not end by itself.
 ThreadSlot::~ThreadSlot() {
-  const auto key = static_cast<pthread_key_t>(index_);
-  void* const own = pthread_getspecific(key);
-  pthread_key_delete(key);
-  if (own != nullptr) destroy_(own);
+  pthread_key_delete(static_cast<pthread_key_t>(index_));
 }
 
 void* ThreadSlot::get() {

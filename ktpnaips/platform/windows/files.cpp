@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <exception>
 #include <string>
 
 namespace ktpnaips::files {
@@ -123,13 +122,26 @@ std::wstring_view lastPart(std::wstring_view path) {
 
 }  // namespace
 
-std::wstring createTemporary(std::wstring_view prefix) {
+std::filesystem::path systemPath(std::wstring_view path) {
+  return path;
+}
+
+std::wstring textOf(const std::filesystem::path& path) {
+  return path.native();
+}
+
+std::filesystem::path createTemporary(std::wstring_view prefix) {
   std::array<char, 512> folder{};
   const DWORD length = GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
   if (length < 1 || length >= folder.size()) return {};
   std::array<char, 576> path{};
   if (GetTempFileNameA(folder.data(), toAnsi(prefix).c_str(), 0, path.data()) == 0) return {};
-  return fromAnsi(path.data());
+  try {
+    return fromAnsi(path.data());
+  } catch (...) {  // nobody would know of it
+    DeleteFileA(path.data());
+    throw;
+  }
 }
 
 std::wstring applicationDataFolder() {
@@ -153,8 +165,8 @@ void createFolders(std::wstring_view folder) {
   MakeSureDirectoryPathExists(path.c_str());
 }
 
-bool exists(std::wstring_view path) {
-  const DWORD attributes = GetFileAttributesW(std::wstring(path).c_str());
+bool exists(const std::filesystem::path& path) noexcept {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
@@ -169,11 +181,8 @@ void forEachVisible(std::wstring_view folder, const std::function<void(std::wstr
   for (auto name = search.next(); !name.empty(); name = search.next()) use(name);
 }
 
-void remove(std::wstring_view path) noexcept {
-  try {
-    DeleteFileW(std::wstring(path).c_str());
-  } catch (const std::exception&) {  // nothing more can be done about a leftover file
-  }
+void remove(const std::filesystem::path& path) noexcept {
+  DeleteFileW(path.c_str());  // nothing can be done about a leftover file
 }
 
 bool write(std::wstring_view path, Create how, std::string_view bytes) {
@@ -181,7 +190,7 @@ bool write(std::wstring_view path, Create how, std::string_view bytes) {
   const std::wstring name(path);
   const bool exclusively = how == Create::exclusively;
   bool opened = false;
-  const DWORD error = writeNew(name, exclusively ? CREATE_NEW : CREATE_ALWAYS, bytes, opened);
+  const DWORD error = writeNew(name, exclusively ? CREATE_NEW : TRUNCATE_EXISTING, bytes, opened);
   if (error == ERROR_SUCCESS) return true;
   if (opened) {
     DeleteFileW(name.c_str());
