@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ktpnaips/platform/cancellation.h>
+
 #include <string_view>
 #include <utility>
 
@@ -31,9 +33,11 @@ consteval Procedure appendToOf(std::wstring_view module) {
 /// Reports the exception in flight as an unexpected failure of `procedure`.
 void reportFailure(const Procedure& procedure) noexcept;
 
-/// Runs `body`; whatever it throws is reported and ends `procedure`, not the caller.
+/// Runs `body`; whatever it throws is reported and ends `procedure`, not the caller. A thread that
+/// is cancelled meanwhile ends behind it.
 template <class Body>
 void trapped(const Procedure& procedure, Body&& body) noexcept {
+  const platform::WithoutCancellation whole;
   try {
     std::forward<Body>(body)();
   } catch (...) {
