@@ -129,7 +129,7 @@ int run(std::vector<std::string> arguments) {
   Run selected;
   addCommands(app, selected);
   try {
-    options.configuration = readConfiguration(app, arguments);
+    options.configuration = readConfiguration(arguments);
     // In front, so that the command line wins.
     const auto& configured = options.configuration.arguments;
     arguments.insert(arguments.begin(), configured.begin(), configured.end());

@@ -1,12 +1,13 @@
 #include "cli/configuration_file.h"
 
+#include "cli/file_tree.h"
+#include "cli/global_options.h"
 #include "cli/paths.h"
-#include "cli/usage_error.h"
 
 #include <ktpnaips/platform/terminal.h>
 
 #include <fmt/format.h>
-#include <CLI/Config.hpp>
+#include <toml++/toml.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -38,19 +39,66 @@ std::optional<std::string> existingDefaultFile() {
   return file;
 }
 
-std::vector<CLI::ConfigItem> read(const std::string& file) {
-  std::ifstream stream(pathOf(file));
-  if (!stream) throw UsageError(fmt::format("cannot read the configuration file \"{}\"", file));
-  return CLI::ConfigTOML().from_config(stream);
+toml::table read(const std::string& file) {
+  std::ifstream stream(pathOf(file), std::ios::binary);
+  const std::string text = contentOf(stream, fmt::format("the configuration file \"{}\"", file));
+  try {
+    return toml::parse(text);
+  } catch (const toml::parse_error& error) {
+    refuseAt(file, error.source().begin.line, "the content",
+             fmt::format("is not TOML ({}): write each setting as in user = \"pilot1\"",
+                         error.description()));
+  }
 }
 
-std::string unknownKey(const std::string& file, const std::string& key) {
-  if (key.find("password") != std::string::npos) {
-    return fmt::format("\"{}\" in {}: a password does not belong there; give \"password-file\"",
-                       key, file);
+/// What can be set in the file: the global options, parsed as on the command line.
+class Settings {
+ public:
+  Settings() {
+    app_.set_help_flag();
+    options_.addTo(app_);
   }
-  return fmt::format("\"{}\" in {} is not a setting; the keys are the long options of naips", key,
-                     file);
+
+  [[nodiscard]] const CLI::Option* find(const std::string& name) const {
+    return app_.get_option_no_throw("--" + name);
+  }
+  /// Throws what the option's parsing throws.
+  void parse(const std::string& argument) { app_.parse(std::vector<std::string>{argument}); }
+
+ private:
+  GlobalOptions options_;
+  CLI::App app_;
+};
+
+std::string unknownKey(const std::string& key) {
+  return key.find("password") != std::string::npos
+             ? "is not a setting: a password does not belong there; give \"password-file\""
+             : "is not a setting: the keys are the long options of naips";
+}
+
+/// A value of a kind that the option does not take.
+std::string wrongType(const CLI::Option& option, const std::string& key) {
+  if (option.get_items_expected_min() == 0) {
+    return fmt::format("must be true or false: write {} = true", key);
+  }
+  if (option.get_type_name() == "N") {
+    return fmt::format("must be a whole number: write {} = 1, without quotation marks", key);
+  }
+  return fmt::format("must be a text: write {} = \"...\", in quotation marks", key);
+}
+
+/// The value as the command line would have it; nothing when it is of the wrong type.
+std::optional<std::string> valueOf(const CLI::Option& option, const toml::node& node) {
+  const bool isFlag = option.get_items_expected_min() == 0;
+  const bool isNumber = option.get_type_name() == "N" || option.check_lname("verbose");
+  if (const auto* truth = node.as_boolean(); truth != nullptr && isFlag)
+    return truth->get() ? "true" : "false";
+  if (const auto* number = node.as_integer(); number != nullptr && isNumber)
+    return std::to_string(number->get());
+  // A flag such as --simulate may be given a text, too.
+  const bool takesText = !isNumber && option.get_items_expected_max() > 0;
+  if (const auto* text = node.as_string(); text != nullptr && takesText) return text->get();
+  return std::nullopt;
 }
 
 }  // namespace
@@ -62,33 +110,45 @@ bool Configuration::has(const std::string& name) const {
 }
 
 std::string defaultConfigurationFile() {
-  std::filesystem::path folder;
-  if (const auto config = environment("XDG_CONFIG_HOME")) {
-    folder = pathOf(*config);
-  } else if (const auto home = environment("HOME")) {
-    folder = pathOf(*home) / ".config";
-  } else if (const auto data = environment("APPDATA")) {  // Windows
-    folder = pathOf(*data);
-  } else {
-    return {};
+  // A relative path is as good as none, as the XDG base directory rules have it.
+  const auto folderIn = [](const char* variable) {
+    const auto value = environment(variable);
+    const std::filesystem::path folder = value ? pathOf(*value) : std::filesystem::path();
+    return folder.is_absolute() ? folder : std::filesystem::path();
+  };
+  auto folder = folderIn("XDG_CONFIG_HOME");
+  if (folder.empty()) {
+    if (const auto home = folderIn("HOME"); !home.empty()) folder = home / ".config";
   }
-  return pathText(folder / "naips" / "config.toml");
+  if (folder.empty()) folder = folderIn("APPDATA");  // Windows
+  return folder.empty() ? std::string() : pathText(folder / "naips" / "config.toml");
 }
 
-Configuration readConfiguration(const CLI::App& app, const std::vector<std::string>& arguments) {
+Configuration readConfiguration(const std::vector<std::string>& arguments) {
   auto file = namedFile(arguments);
   if (!file) file = existingDefaultFile();
   if (!file) return {};
 
   Configuration configuration{*file, {}};
-  for (const auto& item : read(*file)) {
-    if (item.name == "++" || item.name == "--") continue;  // the parser's section marks
-    const auto* option = app.get_option_no_throw("--" + item.name);
-    const bool isSetting = option != nullptr && item.parents.empty() && item.name != "config" &&
-                           item.name != "help" && item.name != "version";
-    if (!isSetting || item.inputs.size() != 1) throw UsageError(unknownKey(*file, item.fullname()));
-    if (item.name == "user" && environment("NAIPS_USER")) continue;
-    configuration.arguments.push_back(fmt::format("--{}={}", item.name, item.inputs.front()));
+  const toml::table table = read(*file);
+  for (const auto& [key, node] : table) {
+    const std::string name(key.str());
+    const auto refuse = [&, &at = node.source()](const std::string& reason) {
+      refuseAt(*file, at.begin.line, fmt::format("\"{}\"", name), reason);
+    };
+    Settings settings;
+    const CLI::Option* option = settings.find(name);
+    if (option == nullptr) refuse(unknownKey(name));
+    const auto value = valueOf(*option, node);
+    if (!value) refuse(wrongType(*option, name));
+    const std::string argument = fmt::format("--{}={}", name, *value);
+    try {
+      settings.parse(argument);
+    } catch (const CLI::ParseError& error) {
+      refuse(fmt::format("cannot be {}: {}", *value, error.what()));
+    }
+    if (name == "user" && environment("NAIPS_USER")) continue;
+    configuration.arguments.push_back(argument);
   }
   return configuration;
 }

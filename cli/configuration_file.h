@@ -1,7 +1,5 @@
 #pragma once
 
-#include <CLI/App.hpp>
-
 #include <string>
 #include <vector>
 
@@ -20,8 +18,8 @@ struct Configuration {
 std::string defaultConfigurationFile();
 
 /// Reads the file that `--config` names in the arguments, or the default one when it exists. A user
-/// name there gives way to the environment's. Throws `UsageError` when the file or a key of it
-/// cannot be used.
-Configuration readConfiguration(const CLI::App& app, const std::vector<std::string>& arguments);
+/// name there gives way to the environment's. Throws `UsageError`, naming file and line, when the
+/// file is not TOML, a key is unknown or a value cannot be that of its option.
+Configuration readConfiguration(const std::vector<std::string>& arguments);
 
 }  // namespace cli

@@ -19,18 +19,10 @@
 namespace cli {
 namespace {
 
-std::string contentsOf(std::istream& stream, const std::string& name) {
-  try {
-    if (stream) return {std::istreambuf_iterator<char>(stream), {}};
-  } catch (const std::ios_base::failure&) {  // a folder, for example
-  }
-  throw UsageError(fmt::format("cannot read {}", name));
-}
-
 std::string read(const std::string& file, const std::string& name) {
-  if (file == "-") return contentsOf(std::cin, name);
+  if (file == "-") return contentOf(std::cin, name);
   std::ifstream stream(pathOf(file), std::ios::binary);
-  return contentsOf(stream, name);
+  return contentOf(stream, name);
 }
 
 }  // namespace

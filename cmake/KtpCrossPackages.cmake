@@ -28,6 +28,7 @@ endfunction()
 ktp_header_only(Boost Boost::headers boost 1.81)
 ktp_header_only(CLI11 CLI11::CLI11 CLI 2)
 ktp_header_only(nlohmann_json nlohmann_json::nlohmann_json nlohmann 3)
+ktp_header_only(tomlplusplus tomlplusplus::tomlplusplus toml++ 3)
 ktp_header_only(fmt fmt::fmt-header-only fmt 9 FMT_HEADER_ONLY=1)
 
 file(WRITE ${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/gtest-config.cmake "
