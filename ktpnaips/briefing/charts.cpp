@@ -39,7 +39,7 @@ void readProduct(const xml::Node& from, Product& product) {
   std::string bytes;
   from.select("naips:content").readText([&](auto base64) { bytes = Enc64::MyDecode(base64); });
   product.FilePath(sharedTempFiles().CreateTempFile(L"KTP"));
-  TempFileManager::writeTemporary(product.FilePath(), bytes);
+  sharedTempFiles().writeTemporary(product.FilePath(), bytes);
 }
 
 }  // namespace

@@ -80,19 +80,20 @@ std::wstring TempFileManager::GetUniqueFilename(std::wstring_view name, FreePath
       });
 }
 
-bool TempFileManager::isTemporary(std::wstring_view path) const {
-  return std::ranges::find(files_, path, &files::TemporaryFile::path) != files_.end();
+files::TemporaryFile* TempFileManager::find(std::wstring_view path) {
+  const auto found = std::ranges::find(files_, path, &files::TemporaryFile::path);
+  return found != files_.end() ? &*found : nullptr;
 }
 
 std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::wstring& path,
-                                           std::string_view bytes) const {
+                                           std::string_view bytes) {
   FreePaths paths;
   return writeProduct(name, path, bytes, paths);
 }
 
 std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::wstring& path,
-                                           std::string_view bytes, FreePaths& paths) const {
-  if (isTemporary(path)) {
+                                           std::string_view bytes, FreePaths& paths) {
+  if (find(path) != nullptr) {
     writeTemporary(path, bytes);
     return path;
   }
@@ -105,11 +106,11 @@ std::wstring TempFileManager::writeProduct(std::wstring_view name, const std::ws
 }
 
 void TempFileManager::writeTemporary(const std::wstring& path, std::string_view bytes) {
-  const auto file = files::systemPath(path);
   try {
     files::write(path, files::Create::never, bytes);
   } catch (...) {  // the empty file would pass for the product
-    files::remove(file);
+    const std::lock_guard lock(filesMutex);
+    if (auto* const file = find(path); file != nullptr) file->remove();
     throw;
   }
 }

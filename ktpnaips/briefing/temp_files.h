@@ -34,19 +34,19 @@ class TempFileManager {
   /// fault 52 for a name that would lead out of the data folder, 61, 70, 75 or 76 when writing
   /// fails.
   std::wstring writeProduct(std::wstring_view name, const std::wstring& path,
-                            std::string_view bytes) const;
+                            std::string_view bytes);
   /// The same among the free paths of an answer's products.
   std::wstring writeProduct(std::wstring_view name, const std::wstring& path,
-                            std::string_view bytes, FreePaths& paths) const;
+                            std::string_view bytes, FreePaths& paths);
 
-  /// Writes a product at the path of a temporary file, which is gone when that fails. Throws fault
-  /// 61, 70, 75 or 76, the last also when the file is not there any more.
-  static void writeTemporary(const std::wstring& path, std::string_view bytes);
+  /// Writes a product at the path of one of its temporary files, which is gone when that fails.
+  /// Throws fault 61, 70, 75 or 76, the last also when the file is not there any more.
+  void writeTemporary(const std::wstring& path, std::string_view bytes);
 
  private:
   struct AtExit;
 
-  [[nodiscard]] bool isTemporary(std::wstring_view path) const;
+  files::TemporaryFile* find(std::wstring_view path);
   void removeFiles() noexcept;
 
   std::vector<files::TemporaryFile> files_;

@@ -11,9 +11,7 @@ namespace ktpnaips::files {
 /// Separates folder names in a path: a backslash on Windows, a slash elsewhere.
 extern const wchar_t separator;
 
-/// A path as the system has it, which the locale has no part in.
-std::filesystem::path systemPath(std::wstring_view path);
-/// The text of such a path.
+/// The text of a path, whatever the locale.
 std::wstring textOf(const std::filesystem::path& path);
 
 /// Makes a new, empty file in the system's temporary folder, readable by its owner only, named by

@@ -46,7 +46,7 @@ TEST(TemporaryFileInAFolderOfAnyCharacters, IsDeletedWithItsManager) {
     TempFileManager manager;
     const std::wstring file = manager.CreateTempFile(L"KTP");
     EXPECT_EQ(file.find(L"caf\u00e9 \U0001F6E9/KTP"), scratch.path().string().size() + 1);
-    TempFileManager::writeTemporary(file, "ABC");
+    manager.writeTemporary(file, "ABC");
     EXPECT_EQ(test::contentOf(*fs::directory_iterator(folder)), "ABC");
   }
   EXPECT_TRUE(fs::is_empty(folder));

@@ -99,11 +99,10 @@ TEST(TemporaryFile, IsAnEmptyTextWithoutMemory) {
 TEST(TemporaryFile, IsNotMadeAgainWhenItsProductIsWritten) {
   TempFileManager manager;
   const std::wstring file = manager.CreateTempFile(L"KTP");
-  TempFileManager::writeTemporary(file, "ABC");
+  manager.writeTemporary(file, "ABC");
   EXPECT_EQ(test::contentOf(file), "ABC");
   fs::remove(file);
-  EXPECT_EQ(test::faultOf([&] { TempFileManager::writeTemporary(file, "ABC"); }),
-            fault::pathNotFound);
+  EXPECT_EQ(test::faultOf([&] { manager.writeTemporary(file, "ABC"); }), fault::pathNotFound);
   EXPECT_FALSE(fs::exists(file));
 }
 

@@ -111,10 +111,6 @@ struct CloseFolder {
 
 }  // namespace
 
-std::filesystem::path systemPath(std::wstring_view path) {
-  return text::toUtf8(path);
-}
-
 std::wstring textOf(const std::filesystem::path& path) {
   return text::fromUtf8(path.native());
 }

@@ -122,10 +122,6 @@ std::wstring_view lastPart(std::wstring_view path) {
 
 }  // namespace
 
-std::filesystem::path systemPath(std::wstring_view path) {
-  return path;
-}
-
 std::wstring textOf(const std::filesystem::path& path) {
   return path.native();
 }
