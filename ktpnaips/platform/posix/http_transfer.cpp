@@ -136,9 +136,12 @@ ErrorCode Transfer::send(const RequestSettings& settings, std::string_view body)
 }
 
 void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
-  if (result_ != CURLE_OK) startOver();
+  // A resumed session is not verified again: what a lenient policy let pass must not pass a strict
+  // one. The other parts of the policy are part of libcurl's own key.
+  const bool ignoresDates = settings.certificates.ignoreDates;
+  if (result_ != CURLE_OK || ignoresDates != ticketsIgnoreDates_) startOver();
+  ticketsIgnoreDates_ = ignoresDates;
   begin();
-  forgetTicketsOfOtherPolicy(settings.certificates.ignoreDates);
   curl_easy_reset(easy_.get());
   limits_ = settings.limits;
   setRequest(settings, body);
@@ -157,13 +160,6 @@ void Transfer::startOver() {
   decltype(multi_) multi(newMulti());
   easy_.reset(newEasy());
   multi_ = std::move(multi);
-}
-
-// A resumed session is not verified again: what a lenient policy let pass must not pass a strict
-// one. The other parts of the policy are part of libcurl's own key.
-void Transfer::forgetTicketsOfOtherPolicy(bool ignoreDates) {
-  if (ignoreDates != ticketsIgnoreDates_) easy_.reset(newEasy());
-  ticketsIgnoreDates_ = ignoreDates;
 }
 
 void Transfer::begin() {
@@ -254,11 +250,18 @@ void Transfer::runUntil(const std::function<bool()>& reached) {
     perform();
     if (!running_ || reached()) return;
     noteProgress();
-    const auto quiet =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastProgress_);
-    if (quiet >= limit()) return timeOut();
-    curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(asLong(limit() - quiet)), nullptr);
+    const auto left = limit() - quiet();
+    if (left <= std::chrono::milliseconds(0)) return timeOut();
+    int ready = 0;
+    curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(asLong(left)), &ready);
+    // A socket takes a little more than its peer does when libcurl tries although it is not ready.
+    const bool isStuck = progress_.phase == Phase::sending && ready == 0 && quiet() >= limit();
+    if (isStuck) return timeOut();
   }
+}
+
+std::chrono::milliseconds Transfer::quiet() const {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastProgress_);
 }
 
 void Transfer::perform() {

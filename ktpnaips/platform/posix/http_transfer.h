@@ -99,7 +99,6 @@ class Transfer {
 
   void prepare(const RequestSettings& settings, std::string_view body);
   void startOver();
-  void forgetTicketsOfOtherPolicy(bool ignoreDates);
   void begin();
   void setRequest(const RequestSettings& settings, std::string_view body);
   void setConnection(const RequestSettings& settings);
@@ -113,6 +112,8 @@ class Transfer {
   [[nodiscard]] Progress progress() const;
   [[nodiscard]] bool connected() const;
   [[nodiscard]] std::chrono::milliseconds limit() const;
+  /// How long nothing has gone forward.
+  [[nodiscard]] std::chrono::milliseconds quiet() const;
   void timeOut();
   [[nodiscard]] bool answerIsFinal() const;
   [[nodiscard]] bool proxyRefusedTunnel() const;
