@@ -11,7 +11,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -67,7 +66,7 @@ class Builder {
       return Verdict::accepted;
     }
     if (lacksMemory_ || exceedsNames(parser.get())) {
-      std::free(made(std::malloc(enoughMemory)));
+      requireMemory(enoughMemory);
       failure.reason = tooManyNames;
       return Verdict::lacksMemory;
     }
