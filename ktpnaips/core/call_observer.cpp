@@ -1,7 +1,9 @@
 #include <ktpnaips/core/call_observer.h>
 #include <ktpnaips/core/call_watch.h>
+#include <ktpnaips/core/error_text.h>
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/trap.h>
+#include <ktpnaips/platform/text.h>
 
 #include <atomic>
 #include <mutex>
@@ -53,23 +55,23 @@ CallWatch::CallWatch(std::wstring_view requestName, std::wstring_view url,
   start_ = std::chrono::steady_clock::now();
 }
 
-void CallWatch::answered(std::string_view status, std::size_t headerSize) {
+void CallWatch::answered(const winInet::Answer& answer) {
   if (observer_ == nullptr) return;
-  headerSize_ = headerSize;
-  call_.status = status;
+  call_.status = answer.status;
   call_.untilAnswer = sinceStart();
 }
 
-void CallWatch::ended(std::string_view result) {
+void CallWatch::ended(const winInet::Answer& answer) {
   if (observer_ == nullptr) return;
   call_.untilEnd = sinceStart();
-  if (headerSize_) {
-    call_.answer_ = result.substr(*headerSize_);
-    call_.bytesReceived = call_.answer_.size();
-  } else {
-    call_.failure = result;
-  }
-  trapped(inModule(L"winInetSend", L"winInet"), [&] { (*observer_)(call_); });
+  call_.answer_ = answer.body;
+  call_.bytesReceived = answer.body.size();
+  trapped(inModule(L"winInetSend", L"winInet"), [&] {
+    std::string failure;
+    if (answer.failure) failure = text::toUtf8(failureText(*answer.failure));
+    call_.failure = failure;
+    (*observer_)(call_);
+  });
 }
 
 std::chrono::microseconds CallWatch::sinceStart() const {

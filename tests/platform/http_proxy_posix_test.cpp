@@ -1,11 +1,8 @@
-#include "tests/platform/http_proxy.h"
-
-#include <ktpnaips/platform/text.h>
+#include "tests/platform/https_proxy.h"
 
 #include <string>
 
 #include "tests/support/scoped_environment.h"
-#include "tests/support/test_certificates.h"
 
 namespace ktpnaips::test {
 namespace {
@@ -60,29 +57,6 @@ TEST_F(HttpProxy, LogsInToAGatewayThatAsksLikeAProxy) {
   EXPECT_EQ(askedFor_, std::vector<std::wstring>{L"naips.example"});
   EXPECT_TRUE(carriesAladdin(1));
 }
-
-class HttpsProxy : public HttpProxy {
- protected:
-  RawServer::Script tunnelling(bool logIn) {
-    return [this, logIn, context = authority_.server({})](Peer& peer) {
-      const std::string connect = peer.readHead();
-      note(connect);
-      if (logIn && connect.find(basicOfAladdin) == std::string::npos) return peer.write(refusal);
-      peer.write("HTTP/1.1 200 Connection established\r\nX-Proxy: 1\r\n\r\n");
-      peer.startTls(context.get());
-      note(peer.readRequest());
-      peer.write(success);
-    };
-  }
-  [[nodiscard]] HttpCall call() const {
-    HttpCall made;
-    made.port = 443;
-    made.flags = lenientTls;
-    made.route.caFile = text::fromUtf8(authority_.file());
-    return made;
-  }
-  CertificateAuthority authority_;
-};
 
 TEST_F(HttpsProxy, TunnelsThroughTheProxyOfTheEnvironment) {
   const RawServer proxy(tunnelling(false));

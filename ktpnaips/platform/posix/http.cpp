@@ -54,6 +54,7 @@ struct Exchange::Handles {
   std::string host;
   std::uint16_t port = 0;
   std::string scheme;
+  bool hasTried = false;  // to send by the transfer, which keeps the figures of the last call
 };
 
 Exchange::Exchange() : handles_(std::make_unique<Handles>()) {}
@@ -119,6 +120,10 @@ void Exchange::setTimeout(Timeout which, std::uint32_t milliseconds) {
   }
 }
 
+void Exchange::whenSending(std::function<void()> notify) {
+  handles_->settings.whenSending = std::move(notify);
+}
+
 ErrorCode Exchange::send(std::string_view body) {
   error::forgetFailure();
   if (!handles_->transfer || handles_->settings.url.empty())
@@ -126,7 +131,12 @@ ErrorCode Exchange::send(std::string_view body) {
   const bool isRedirected = !handles_->settings.connectTo.empty();
   if (!canBeHostName(handles_->host) && !(isRedirected && readHostAndPort(handles_->host)))
     return error::fail(error::nameNotResolved, "'" + handles_->host + "' is not a host name");
+  handles_->hasTried = true;
   return handles_->transfer->send(handles_->settings, body);
+}
+
+bool Exchange::hasSent() const {
+  return handles_->hasTried && handles_->transfer->hasSent();
 }
 
 std::optional<std::string> Exchange::query(Info what) const {

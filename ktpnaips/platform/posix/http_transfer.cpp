@@ -121,6 +121,7 @@ Transfer::~Transfer() {
 }
 
 ErrorCode Transfer::send(const RequestSettings& settings, std::string_view body) {
+  ready_ = false;
   prepare(settings, body);
   runUntil([this] { return answerIsFinal(); });
   if (ready_ && answer_.complete()) return 0;
@@ -141,6 +142,7 @@ void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
   forgetTicketsOfOtherPolicy(settings.certificates.ignoreDates);
   curl_easy_reset(easy_.get());
   limits_ = settings.limits;
+  whenSending_ = &settings.whenSending;
   setRequest(settings, body);
   setConnection(settings);
   setProxy(settings);
@@ -177,7 +179,7 @@ void Transfer::begin() {
   filled_ = taken_ = 0;
   thrown_ = nullptr;
   result_ = CURLE_OK;
-  ready_ = paused_ = false;
+  paused_ = false;
   errorText_.front() = '\0';
 }
 
@@ -196,9 +198,8 @@ void Transfer::setRequest(const RequestSettings& settings, std::string_view body
   setOption(easy, CURLOPT_CUSTOMREQUEST, settings.verb.c_str());
   setOption(easy, CURLOPT_USERAGENT, settings.agent.c_str());
   setOption(easy, CURLOPT_HTTPHEADER, headers_.get());
-  // Copied: an early answer ends `send` before the last of a body is on its way.
   setOption(easy, CURLOPT_POSTFIELDSIZE_LARGE, bodySize_);
-  setOption(easy, CURLOPT_COPYPOSTFIELDS, body.empty() ? "" : body.data());
+  setOption(easy, CURLOPT_POSTFIELDS, body.empty() ? "" : body.data());
 }
 
 void Transfer::setConnection(const RequestSettings& settings) {
@@ -362,6 +363,14 @@ ErrorCode Transfer::readFailure() const {
   return excess_.empty() ? 0 : error::fail(error::invalidServerResponse, excess_);
 }
 
+bool Transfer::hasSent() const {
+  return ready_ && bytesSent() > sentBefore_;
+}
+
+std::int64_t Transfer::bytesSent() const {
+  return number(CURLINFO_REQUEST_SIZE) + number(CURLINFO_SIZE_UPLOAD_T);
+}
+
 void Transfer::refill() {
   filled_ = taken_ = 0;
   if (!running_) return;
@@ -422,7 +431,10 @@ std::size_t Transfer::onBody(char* data, std::size_t size, std::size_t count, vo
 }
 
 int Transfer::onSocket(void* self, curl_socket_t socket, curlsocktype) {
-  auto& sockets = static_cast<Transfer*>(self)->sockets_;
+  auto& transfer = *static_cast<Transfer*>(self);
+  // The second step of a log-in, which libcurl takes by itself, has a connection of its own.
+  if (std::exchange(transfer.ready_, false)) transfer.answer_.clear();
+  auto& sockets = transfer.sockets_;
   std::rotate(sockets.begin(), sockets.end() - 1, sockets.end());
   sockets.front() = socket;
   return CURL_SOCKOPT_OK;
@@ -430,9 +442,16 @@ int Transfer::onSocket(void* self, curl_socket_t socket, curlsocktype) {
 
 int Transfer::onReady(void* self, char*, char*, int, int) {
   auto& transfer = *static_cast<Transfer*>(self);
-  transfer.answer_.clear();  // what the proxy said to CONNECT
-  transfer.ready_ = true;
-  return CURL_PREREQFUNC_OK;
+  try {
+    transfer.answer_.clear();  // what the proxy said to CONNECT
+    transfer.sentBefore_ = transfer.bytesSent();
+    transfer.ready_ = true;
+    if (*transfer.whenSending_) (*transfer.whenSending_)();
+    return CURL_PREREQFUNC_OK;
+  } catch (...) {
+    transfer.thrown_ = std::current_exception();
+    return CURL_PREREQFUNC_ABORT;
+  }
 }
 
 }  // namespace ktpnaips::http

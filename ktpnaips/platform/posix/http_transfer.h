@@ -48,6 +48,7 @@ struct RequestSettings {
   CertificatePolicy certificates;
   std::optional<ProxyAccount> proxyAccount;
   TimeLimits limits;
+  std::function<void()> whenSending;  ///< called before the first byte of the request; or empty
 };
 
 /// Sets libcurl up for the process unless that has been done. Throws when it fails.
@@ -65,11 +66,15 @@ class Transfer {
   /// Whether libcurl is one that the certificate policy can be given to.
   [[nodiscard]] bool usable() const { return opensslIsThere(easy_.get()); }
   /// Sends a request and waits for the headers of its answer. `settings` must outlive the transfer.
+  /// So must `body`.
   ErrorCode send(const RequestSettings& settings, std::string_view body);
   [[nodiscard]] std::size_t announcedSize() const;
   std::optional<std::size_t> read(char* to, std::size_t size);
   /// Once reading has failed: the code of an answer that is too long, otherwise 0.
   [[nodiscard]] ErrorCode readFailure() const;
+  /// Whether a byte of the request went out on a connection on which it can reach the service: the
+  /// request proper, not a proxy's CONNECT and not the handshake of TLS.
+  [[nodiscard]] bool hasSent() const;
   /// Ends the request that is under way, if any, and closes its connection.
   void stop();
   [[nodiscard]] const AnswerHeaders& answer() const { return answer_; }
@@ -119,6 +124,7 @@ class Transfer {
   [[nodiscard]] ErrorCode failure() const;
   void refill();
   [[nodiscard]] std::size_t buffered() const { return filled_ - taken_; }
+  [[nodiscard]] std::int64_t bytesSent() const;
   [[nodiscard]] std::int64_t number(CURLINFO what) const;
 
   static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* self);
@@ -135,6 +141,8 @@ class Transfer {
   bool ticketsIgnoreDates_ = false;
 
   TimeLimits limits_;
+  const std::function<void()>* whenSending_ = nullptr;
+  std::int64_t sentBefore_ = 0;  ///< bytes of the handle's requests before the request proper
   curl_off_t bodySize_ = 0;
   AnswerHeaders answer_;
   Progress progress_;
