@@ -40,7 +40,8 @@ std::string userOf(const GlobalOptions& options) {
 }
 
 /// Asks the person at the terminal for the account of a proxy.
-std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host) {
+std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host, int attempt) {
+  if (attempt > 1) complain("The proxy did not accept that account.");
   const auto user = ktpnaips::terminal::ask(fmt::format("User of the proxy {}: ", toUtf8(host)));
   if (!user || user->empty()) return std::nullopt;
   const auto password = ktpnaips::terminal::askSecret("Password of the proxy: ");

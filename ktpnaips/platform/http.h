@@ -64,7 +64,7 @@ class Exchange {
   ErrorCode send(std::string_view body);
   /// Whether the last `send` may have brought the service a part of the request. Nothing reaches it
   /// when its name is not known, a connection or a certificate is refused, or a proxy refuses the
-  /// tunnel.
+  /// tunnel or answers 407: a proxy that wants an account passes nothing on.
   ///
   /// On POSIX it is exact: libcurl counts the request's bytes on the connection to the service, or
   /// to a proxy that passes them on. On Windows the failure tells: a code that says that there was
@@ -74,8 +74,8 @@ class Exchange {
   /// The value as text, or nothing when the answer has none or it is longer than
   /// `longestQueryValue`.
   [[nodiscard]] std::optional<std::string> query(Info what) const;
-  /// Asks the person for the proxy's account (`setProxyLogIn`); true when the request shall be sent
-  /// again with it.
+  /// Asks the person for the account of the proxy that answered 407 (`setProxyLogIn`); true when
+  /// the request shall be sent again with it. False when no proxy is in use.
   bool logInToProxy();
   /// How many bytes the body is said to have, as far as that is known without a further step; 0
   /// otherwise. Only a hint.

@@ -12,15 +12,15 @@ namespace ktpnaips::test {
 /// Calls over HTTPS, where the tests have a server for it.
 class HttpsProxy : public HttpProxy {
  protected:
-  RawServer::Script tunnelling(bool logIn) {
-    return [this, logIn, context = authority_.server({})](Peer& peer) {
+  RawServer::Script tunnelling(bool logIn, const std::string& answer = success) {
+    return [this, logIn, answer, context = authority_.server({})](Peer& peer) {
       const std::string connect = peer.readHead();
       note(connect);
       if (logIn && connect.find(basicOfAladdin) == std::string::npos) return peer.write(refusal);
       peer.write("HTTP/1.1 200 Connection established\r\nX-Proxy: 1\r\n\r\n");
       peer.startTls(context.get());
       note(peer.readRequest());
-      peer.write(success);
+      peer.write(answer);
     };
   }
   [[nodiscard]] HttpCall call() const {

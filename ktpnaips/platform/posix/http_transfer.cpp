@@ -1,5 +1,6 @@
 #include <ktpnaips/platform/posix/http_errors.h>
 #include <ktpnaips/platform/posix/http_option.h>
+#include <ktpnaips/platform/posix/http_peek.h>
 #include <ktpnaips/platform/posix/http_transfer.h>
 
 #include <sys/socket.h>
@@ -19,6 +20,8 @@ namespace ktpnaips::http {
 namespace {
 
 constexpr std::size_t bufferSize = std::size_t{256} * 1024;
+// As much as waits on a socket without being read.
+constexpr std::size_t longestRefusal = std::size_t{32} * 1024;
 
 CURL* newEasy() {
   CURL* const easy = curl_easy_init();
@@ -214,7 +217,6 @@ void Transfer::setConnection(const RequestSettings& settings) {
   if (settings.connectTo.empty()) return;
   append(connectTo_, "::" + settings.connectTo);
   setOption(easy, CURLOPT_CONNECT_TO, connectTo_.get());
-  setOption(easy, CURLOPT_PROXY, "");
 }
 
 void Transfer::setProxy(const RequestSettings& settings) {
@@ -223,9 +225,12 @@ void Transfer::setProxy(const RequestSettings& settings) {
   append(proxyHeaders_, "Proxy-Connection:");
   setOption(easy, CURLOPT_PROXYHEADER, proxyHeaders_.get());
   setOption(easy, CURLOPT_HEADEROPT, static_cast<long>(CURLHEADER_SEPARATE));
-  if (!settings.proxyAccount) return;
-  const ProxyAccount& account = *settings.proxyAccount;
-  setOption(easy, CURLOPT_PROXY, account.proxyUrl.c_str());
+  // Empty, so that libcurl does not ask the environment.
+  setOption(easy, CURLOPT_NOPROXY, "");
+  setOption(easy, CURLOPT_PROXY, settings.proxy ? settings.proxy->url.c_str() : "");
+  proxyIsSecure_ = settings.proxy && settings.proxy->url.starts_with("https:");
+  if (!settings.proxy || !settings.proxy->account) return;
+  const ProxyAccount& account = *settings.proxy->account;
   setOption(easy, CURLOPT_PROXYAUTH, account.scheme);
   setOption(easy, CURLOPT_PROXYUSERNAME, account.user.c_str());
   setOption(easy, CURLOPT_PROXYPASSWORD, account.password.c_str());
@@ -297,18 +302,19 @@ Transfer::Progress Transfer::progress() const {
   Progress now{Phase::sending, number(CURLINFO_SIZE_UPLOAD_T), received_};
   if (ready_)
     now.phase = now.sent >= bodySize_ ? Phase::receiving : Phase::sending;
-  else if (!connected())
+  else if (connectedSocket() < 0)
     now.phase = Phase::connecting;
   return now;
 }
 
 // libcurl's own time of connecting comes only with the end of TLS.
-bool Transfer::connected() const {
-  return std::any_of(sockets_.begin(), sockets_.end(), [](int socket) {
+int Transfer::connectedSocket() const {
+  const auto found = std::find_if(sockets_.begin(), sockets_.end(), [](int socket) {
     sockaddr_storage peer{};
     socklen_t length = sizeof peer;
     return socket >= 0 && ::getpeername(socket, reinterpret_cast<sockaddr*>(&peer), &length) == 0;
   });
+  return found != sockets_.end() ? *found : -1;
 }
 
 std::chrono::milliseconds Transfer::limit() const {
@@ -328,7 +334,7 @@ void Transfer::timeOut() {
 
 // libcurl answers a 407 to its first step of a log-in by itself, and passes that body over.
 bool Transfer::answerIsFinal() const {
-  return ready_ && answer_.complete() && (answer_.statusCode() != "407" || buffered() > 0);
+  return ready_ && answer_.complete() && (answer_.statusCode() != "407" || bodyBytes_ > 0);
 }
 
 bool Transfer::proxyRefusedTunnel() const {
@@ -378,6 +384,13 @@ void Transfer::refill() {
   runUntil([this] { return buffered() > 0; });
 }
 
+// libcurl drops the body behind a refusal, so it is copied before. That of a proxy over TLS cannot
+// be.
+void Transfer::readRefusal() {
+  if (proxyIsSecure_) return;
+  filled_ = peekAtBody(connectedSocket(), answer_, buffer_.get(), longestRefusal, limits_.receive);
+}
+
 unsigned long Transfer::offeredProxyLogIns() const {
   long offered = 0;
   curl_easy_getinfo(easy_.get(), CURLINFO_PROXYAUTH_AVAIL, &offered);
@@ -404,7 +417,9 @@ std::size_t Transfer::onHeader(char* data, std::size_t size, std::size_t count, 
       transfer.excess_ = "its headers are longer than 256 KB";
       return 0;
     }
+    if (transfer.answerIsFinal()) return size * count;  // a trailer
     transfer.answer_.add({data, size * count});
+    if (transfer.proxyRefusedTunnel()) transfer.readRefusal();
     return size * count;
   } catch (...) {
     transfer.thrown_ = std::current_exception();
@@ -444,6 +459,7 @@ int Transfer::onReady(void* self, char*, char*, int, int) {
   auto& transfer = *static_cast<Transfer*>(self);
   try {
     transfer.answer_.clear();  // what the proxy said to CONNECT
+    transfer.filled_ = 0;
     transfer.sentBefore_ = transfer.bytesSent();
     transfer.ready_ = true;
     if (*transfer.whenSending_) (*transfer.whenSending_)();

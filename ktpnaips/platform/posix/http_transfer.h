@@ -4,6 +4,7 @@
 #include <ktpnaips/platform/http.h>
 #include <ktpnaips/platform/posix/http_answer.h>
 #include <ktpnaips/platform/posix/http_certificates.h>
+#include <ktpnaips/platform/posix/http_proxy.h>
 
 #include <array>
 #include <chrono>
@@ -23,14 +24,6 @@ namespace ktpnaips::http {
 inline constexpr std::size_t longestHeaders = std::size_t{256} * 1024;
 inline constexpr std::size_t longestBody = std::size_t{256} * 1024 * 1024;
 
-/// An account for the proxy that the environment names.
-struct ProxyAccount {
-  std::string proxyUrl;
-  std::string user;
-  std::string password;
-  unsigned long scheme = CURLAUTH_BASIC;
-};
-
 /// How long a phase may go without progress.
 struct TimeLimits {
   std::chrono::milliseconds connect{60'000};
@@ -46,7 +39,7 @@ struct RequestSettings {
   std::vector<std::string> headerLines;  ///< without line ends
   std::string connectTo;                 ///< "address:port"; or empty
   CertificatePolicy certificates;
-  std::optional<ProxyAccount> proxyAccount;
+  std::optional<Proxy> proxy;  ///< none for a direct connection, whatever the environment says
   TimeLimits limits;
   std::function<void()> whenSending;  ///< called before the first byte of the request; or empty
 };
@@ -75,6 +68,8 @@ class Transfer {
   /// Whether a byte of the request went out on a connection on which it can reach the service: the
   /// request proper, not a proxy's CONNECT and not the handshake of TLS.
   [[nodiscard]] bool hasSent() const;
+  /// Whether the answer came from behind the tunnel of a proxy, if there was one to be set up.
+  [[nodiscard]] bool isBehindTunnel() const { return ready_; }
   /// Ends the request that is under way, if any, and closes its connection.
   void stop();
   [[nodiscard]] const AnswerHeaders& answer() const { return answer_; }
@@ -116,13 +111,14 @@ class Transfer {
   void takeOutcome();
   void noteProgress();
   [[nodiscard]] Progress progress() const;
-  [[nodiscard]] bool connected() const;
   [[nodiscard]] std::chrono::milliseconds limit() const;
   void timeOut();
   [[nodiscard]] bool answerIsFinal() const;
   [[nodiscard]] bool proxyRefusedTunnel() const;
   [[nodiscard]] ErrorCode failure() const;
   void refill();
+  void readRefusal();
+  [[nodiscard]] int connectedSocket() const;
   [[nodiscard]] std::size_t buffered() const { return filled_ - taken_; }
   [[nodiscard]] std::int64_t bytesSent() const;
   [[nodiscard]] std::int64_t number(CURLINFO what) const;
@@ -157,6 +153,7 @@ class Transfer {
   bool running_ = false;
   bool ready_ = false;  ///< tunnel and TLS are set up, the request proper begins
   bool paused_ = false;
+  bool proxyIsSecure_ = false;
 
   std::unique_ptr<char[]> buffer_;
   std::size_t filled_ = 0;

@@ -120,6 +120,10 @@ struct Exchange::Handles {
   std::string target;         // where the connection goes, with its port
   std::function<void()> whenSending;
   bool hasSent = false;
+  ProxyLogIns logIns;
+
+  /// Where its connection is kept afterwards: those to proxies serve any host.
+  [[nodiscard]] std::string place() const { return isViaProxy(request.get()) ? "proxy" : target; }
 };
 
 Exchange::Exchange() : handles_(std::make_unique<Handles>()) {}
@@ -189,14 +193,17 @@ ErrorCode Exchange::send(std::string_view body) {
   const BOOL sent =
       HttpSendRequestA(handles_->request.get(), nullptr, 0, bytes, static_cast<DWORD>(body.size()));
   const ErrorCode error = sent != 0 ? ERROR_SUCCESS : GetLastError();
-  handles_->hasSent =
-      !isConnectionFailure(error) || keptConnections().mayHaveOneTo(handles_->target);
-  if (error == ERROR_SUCCESS) keptConnections().note(handles_->target);
+  handles_->hasSent = true;
+  const std::string place = handles_->place();
+  if (error == ERROR_SUCCESS) keptConnections().note(place);
+  handles_->hasSent = !isConnectionFailure(error) || keptConnections().mayHaveOneTo(place);
   return error;
 }
 
 bool Exchange::hasSent() const {
-  return handles_->hasSent;
+  const bool isAskedByProxy =
+      query(Info::statusCode) == "407" && isViaProxy(handles_->request.get());
+  return handles_->hasSent && !isAskedByProxy;
 }
 
 std::optional<std::string> Exchange::query(Info what) const {
@@ -212,7 +219,10 @@ std::optional<std::string> Exchange::query(Info what) const {
 
 bool Exchange::logInToProxy() {
   const HINTERNET request = handles_->request.get();
-  if (hasProxyLogIn()) return setProxyAccount(handles_->session.get(), request, handles_->host);
+  if (!isViaProxy(request)) return false;
+  if (hasProxyLogIn()) {
+    return setProxyAccount(handles_->session.get(), request, handles_->logIns, handles_->host);
+  }
   return InternetErrorDlg(GetDesktopWindow(), request, ERROR_INTERNET_INCORRECT_PASSWORD,
                           FLAGS_ERROR_UI_FILTER_FOR_ERRORS | FLAGS_ERROR_UI_FLAGS_CHANGE_OPTIONS |
                               FLAGS_ERROR_UI_FLAGS_GENERATE_DATA,
