@@ -1,6 +1,5 @@
 #include "cli/session.h"
 
-#include "cli/error_text.h"
 #include "cli/messages.h"
 #include "cli/out_folder.h"
 #include "cli/text_output.h"
@@ -23,13 +22,14 @@
 namespace cli {
 
 using ktpnaips::NAIPSConfig;
+using ktpnaips::Outcome;
 using ktpnaips::terminal::environment;
 using ktpnaips::text::fromUtf8;
 using ktpnaips::text::toUtf8;
 
 namespace {
 
-bool isError(const ktpnaips::AbstractResponse* response) {
+bool isError(const ktpnaips::ResponseBase* response) {
   return response == nullptr || response->Error();
 }
 
@@ -103,7 +103,8 @@ void Session::watchCalls() {
     remark(fmt::format("Asking the service in mode {}{} ...", options_.mode, address));
   }
   ktpnaips::setCallObserver([this, address](const ktpnaips::ServiceCall& call) {
-    service_ = siteOf(call.url) + address;
+    addressed_ = {siteOf(call.url) + address, call.status,
+                  call.contentType.find("xml") != std::string::npos};
     if (options_.verbose > 0) complain(oneLine(fromUtf8(described(call))));
     if (options_.verbose > 1) showDocuments(call);
   });
@@ -127,8 +128,8 @@ std::string Session::password() const {
   return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
 }
 
-std::string Session::summary(std::string_view errorText) const {
-  return summaryOf(errorText, service_);
+std::string Session::summary(const ktpnaips::ResponseBase* response) const {
+  return summaryOf(response, addressed_);
 }
 
 std::string Session::userName() const {
@@ -162,13 +163,14 @@ std::wstring Session::kept(const std::wstring& file, const std::string& name) {
   }
 }
 
-void Session::show(const ktpnaips::AbstractResponse* response, const Json& properties,
+void Session::show(const ktpnaips::ResponseBase* response, const Json& properties,
                    const std::function<void()>& print) {
   hasError_ = isError(response);
   if (options_.json) {
     Json json = outcome(response, properties);
     json["Failures"] = failures_;
     printJson(json);
+    showChange(response);
     return;
   }
   if (hasError_) {
@@ -179,26 +181,43 @@ void Session::show(const ktpnaips::AbstractResponse* response, const Json& prope
   showFailures();
 }
 
-Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& properties) const {
-  const ErrorText error = errorText(response);
+Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& properties) const {
   Json json = Json::object();
   json["Error"] = isError(response);
-  json["ErrorText"] = error.text;
-  if (options_.trace && !error.trace.empty()) json["Trace"] = error.trace;
+  json["ErrorText"] = errorText(response);
+  json["Outcome"] = toUtf8(nameOf(outcomeOf(response)));
+  json["Code"] = nullptr;
+  if (response != nullptr) {
+    if (const auto code = response->errorCode()) json["Code"] = *code;
+    const bool isTraced = options_.trace && response->Error();
+    if (isTraced && outcomeOf(response) != Outcome::none) json["Trace"] = response->sentDocument();
+  }
   json.update(properties);
   return json;
 }
 
-void Session::showError(const ktpnaips::AbstractResponse* response, const std::string& key) const {
-  const ErrorText error = errorText(response);
-  complainOfError((key.empty() ? "" : key + ": ") + summary(error.text));
-  complain(plain(fromUtf8(error.text)));
-  if (options_.trace && !error.trace.empty()) {
-    complain("In response to request:\n" + error.trace);
+void Session::showError(const ktpnaips::ResponseBase* response, const std::string& key) const {
+  complainOfError((key.empty() ? "" : key + ": ") + summary(response));
+  complain(plain(fromUtf8(options_.trace ? tracedErrorText(response) : errorText(response))));
+  showChange(response);
+}
+
+void Session::showChange(const ktpnaips::ResponseBase* response) const {
+  if (change_ == nullptr || !isError(response)) return;
+  switch (outcomeOf(response)) {
+    case Outcome::none:
+    case Outcome::notSent:
+      return complain(change_->notSent);
+    case Outcome::refused:
+      return complain(change_->refused);
+    case Outcome::inDoubt:
+      return complain(change_->inDoubt);
+    default:
+      return;
   }
 }
 
-void Session::showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+void Session::showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                       const std::function<void()>& print) {
   hasError_ = hasError_ || isError(response);
   if (options_.json) return;
@@ -214,12 +233,15 @@ void Session::finishEach(const std::vector<Json>& outcomes, const Json& properti
     showFailures();
     return;
   }
-  const auto failed =
-      std::ranges::count_if(outcomes, [](const Json& each) { return each["Error"].get<bool>(); });
+  const auto hasFailed = [](const Json& each) { return each["Error"].get<bool>(); };
+  const auto failed = std::ranges::count_if(outcomes, hasFailed);
+  const auto first = std::ranges::find_if(outcomes, hasFailed);
   Json json = Json::object();
   json["Error"] = failed > 0;
   json["ErrorText"] =
       failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
+  json["Outcome"] = failed > 0 ? (*first)["Outcome"] : Json("success");
+  json["Code"] = failed > 0 ? (*first)["Code"] : Json();
   json.update(properties);
   json["Count"] = outcomes.size();
   json["Items"] = outcomes;

@@ -58,6 +58,7 @@ CallWatch::CallWatch(std::wstring_view requestName, std::wstring_view url,
 void CallWatch::answered(const winInet::Answer& answer) {
   if (observer_ == nullptr) return;
   call_.status = answer.status;
+  call_.contentType = answer.contentType;
   call_.untilAnswer = sinceStart();
 }
 

@@ -17,6 +17,7 @@ class ServiceCall {
   std::size_t bytesSent = 0;      ///< of the request document
   std::size_t bytesReceived = 0;  ///< of the answer's body
   std::string status;             ///< the HTTP status, as in "200"; empty when nothing answered
+  std::string contentType;        ///< as the answer says it, or empty
   std::string_view failure;  ///< in place of an answer or its body, the step that failed and why
   std::chrono::microseconds untilAnswer{};  ///< from the start to the answer's headers; or 0
   std::chrono::microseconds untilEnd{};     ///< from the start to the end of the answer or failure
