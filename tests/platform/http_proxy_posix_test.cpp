@@ -1,7 +1,9 @@
 #include "tests/platform/https_proxy.h"
 
+#include <ktpnaips/platform/posix/http_peek.h>
 #include <ktpnaips/platform/posix/http_proxy.h>
 
+#include <array>
 #include <chrono>
 #include <string>
 #include <thread>
@@ -265,6 +267,17 @@ TEST_F(HttpsProxy, GivesUpTheBodyOfARefusalThatDoesNotCome) {
   const HttpOutcome outcome = run(made);
   EXPECT_EQ(outcome.status, "403");
   EXPECT_EQ(outcome.body, "rea");
+}
+
+TEST(PeekAtBody, IsNothingOnceTheConnectionIsGone) {
+  http::AnswerHeaders headers;
+  for (const char* const line : {"HTTP/1.1 403 No\r\n", "Content-Length: 6\r\n", "\r\n"}) {
+    headers.add(line);
+  }
+  std::array<char, 6> body{};
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(http::peekAtBody(-1, headers, body.data(), body.size(), std::chrono::seconds(20)), 0U);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 TEST_F(HttpsProxy, ReportsAProxyThatCannotBeReached) {

@@ -49,6 +49,7 @@ std::size_t withoutChunkSizes(char* bytes, std::size_t size) {
 
 std::size_t peekAtBody(int socket, const AnswerHeaders& headers, char* to, std::size_t room,
                        std::chrono::milliseconds patience) {
+  if (socket < 0) return 0;
   const bool isChunked = headers.isChunked();
   const std::size_t wanted = isChunked ? room : std::min(headers.bodySize().value_or(room), room);
   const auto isWhole = [&](std::size_t size) {
