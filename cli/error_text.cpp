@@ -30,6 +30,7 @@ std::string_view networkSentence(std::uint32_t code, bool isSent) {
     case 12007:
       return "The host of {} is not known; check --host and the network.";
     case 12029:
+      if (isSent) break;  // by a connection that was kept, before
       return "{} could not be reached; check the network, --host and --connect-to.";
     case 12037:
     case 12038:
@@ -39,11 +40,13 @@ std::string_view networkSentence(std::uint32_t code, bool isSent) {
       return "The certificate of {} is not trusted; check --host, and --ca-file if its issuer is "
              "your own.";
     case 12152:
+      if (!isSent) break;  // by a proxy
       return "{} answered, but not as NAIPS does; check --host.";
     default:
-      return isSent ? "The connection to {} broke off before its answer was there."
-                    : "No connection to {} came about; check the network, --host and --connect-to.";
+      break;
   }
+  return isSent ? "The connection to {} broke off before its answer was there."
+                : "No connection to {} came about; check the network, --host and --connect-to.";
 }
 
 /// After an answer that is not the service's, or cannot be read.

@@ -18,6 +18,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <optional>
 
 namespace cli {
@@ -42,6 +43,7 @@ std::string userOf(const GlobalOptions& options) {
 
 /// Asks the person at the terminal for the account of a proxy.
 std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host, int attempt) {
+  ktpnaips::interruption::announce(nullptr);  // the proxy has passed nothing on
   if (attempt > 1) complain("The proxy did not accept that account.");
   const auto user = ktpnaips::terminal::ask(fmt::format("User of the proxy {}: ", toUtf8(host)));
   if (!user || user->empty()) return std::nullopt;
@@ -78,12 +80,18 @@ Session::Session(const GlobalOptions& options) : options_(options) {
       [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
   if (ktpnaips::terminal::canAsk()) ktpnaips::setProxyLogIn(askForProxyAccount);
   ktpnaips::setSendingObserver([this](const ktpnaips::ServiceCall& call) {
-    if (call.changes && change_ != nullptr) ktpnaips::interruption::announce(change_->inDoubt);
+    if (!call.changes || change_ == nullptr) return;
+    untold_ = change_->inDoubt;
+    ktpnaips::interruption::announce(untold_);
   });
 }
 
 Session::~Session() {
-  ktpnaips::interruption::announce(nullptr);
+  if (untold_ != nullptr) {  // a failure ends the command, perhaps for want of memory
+    std::fputs(untold_, stderr);
+    std::fputs("\n", stderr);
+  }
+  markTold();
   ktpnaips::setSendingObserver({});
   ktpnaips::setCallObserver({});
   ktpnaips::setProxyLogIn({});
@@ -182,10 +190,16 @@ void Session::show(const ktpnaips::ResponseBase* response, const Json& propertie
       showError(response);
     } else {
       print();
+      showChange(response);
     }
     showFailures();
   }
-  ktpnaips::interruption::announce(nullptr);  // what became of it has been said
+  markTold();
+}
+
+void Session::markTold() noexcept {
+  untold_ = nullptr;
+  ktpnaips::interruption::announce(nullptr);
 }
 
 Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& properties) const {
@@ -210,8 +224,11 @@ void Session::showError(const ktpnaips::ResponseBase* response, const std::strin
 }
 
 void Session::showChange(const ktpnaips::ResponseBase* response) const {
-  if (change_ == nullptr || !isError(response)) return;
+  if (change_ == nullptr) return;
   switch (outcomeOf(response)) {
+    case Outcome::success:
+      if (!failures_.empty()) complain(change_->done);
+      return;
     case Outcome::none:
     case Outcome::notSent:
       return complain(change_->notSent);
@@ -227,7 +244,7 @@ void Session::showChange(const ktpnaips::ResponseBase* response) const {
 void Session::showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                       const std::function<void()>& print) {
   hasError_ = hasError_ || isError(response);
-  ktpnaips::interruption::announce(nullptr);
+  markTold();
   if (options_.json) return;
   if (isError(response)) {
     showError(response, key);

@@ -127,6 +127,8 @@ class Session {
   /// Writes what that means for what the request changes.
   void showChange(const ktpnaips::ResponseBase* response) const;
   void showFailures() const;
+  /// A person knows by now what became of the request.
+  void markTold() noexcept;
 
   template <class Request>
   void setAccountOf(Request& request) const {
@@ -158,6 +160,7 @@ class Session {
   std::unique_ptr<Simulation> simulation_;
   Addressed addressed_;             // the last request
   const Change* change_ = nullptr;  // of the last request
+  const char* untold_ = nullptr;    // what to say of a change that has begun to be sent
   std::vector<std::string> failures_;
   bool isStarted_ = false;
   bool hasError_ = false;

@@ -74,8 +74,7 @@ CallWatch::CallWatch(std::wstring_view requestName, std::wstring_view url,
 }
 
 void CallWatch::sending() {
-  const auto observer = std::exchange(sendingObserver_, nullptr);
-  if (observer != nullptr) tell(*observer);
+  if (sendingObserver_ != nullptr) tell(*sendingObserver_);
 }
 
 void CallWatch::answered(const winInet::Answer& answer) {

@@ -43,10 +43,11 @@ using CallObserver = std::function<void(const ServiceCall& call)>;
 /// call under way tells the one that was there when it started.
 void setCallObserver(CallObserver observer);
 
-/// As `setCallObserver`, for one who is told once of each call that reaches the service, right
-/// before the first byte of the request goes out (on Windows before the attempt to send it): from
-/// here on nobody knows whether what it asks for is done, until its response says so. Name, URL,
-/// document and `changes` are known by then.
+/// As `setCallObserver`, for one who is told of each call that reaches the service, right before
+/// the first byte of the request goes out (on Windows before the attempt to send it): from here on
+/// nobody knows whether what it asks for is done, until its response says so. Told again when the
+/// request is sent again, because a proxy wanted an account first. Name, URL, document and
+/// `changes` are known by then.
 void setSendingObserver(CallObserver observer);
 
 }  // namespace ktpnaips

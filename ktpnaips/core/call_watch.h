@@ -29,7 +29,7 @@ class CallWatch {
   void tell(const CallObserver& observer) const;
 
   std::shared_ptr<const CallObserver> observer_;
-  std::shared_ptr<const CallObserver> sendingObserver_;  // until it has been told
+  std::shared_ptr<const CallObserver> sendingObserver_;
   std::chrono::steady_clock::time_point start_;
   ServiceCall call_;
 };

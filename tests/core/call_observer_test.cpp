@@ -5,6 +5,7 @@
 #include <ktpnaips/core/naips_config.h>
 #include <ktpnaips/core/password.h>
 #include <ktpnaips/core/request_document.h>
+#include <ktpnaips/platform/proxy_log_in.h>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,7 @@
 #include <vector>
 
 #include "tests/support/failure_recorder.h"
+#include "tests/support/proxy_settings.h"
 #include "tests/support/raw_server.h"
 #include "tests/support/settings.h"
 #include "tests/support/soap.h"
@@ -195,6 +197,27 @@ TEST_F(SentCall, IsSaidToChangeSomethingWhenItDoes) {
   EXPECT_TRUE(changes_);
   GetGroupAffiliationRqs().submit();
   EXPECT_FALSE(changes_);
+}
+
+TEST_F(SentCall, IsToldAgainWhenAProxyWantsAnAccountFirst) {
+  const test::RawServer proxy({[](test::Peer& peer) {
+                                 peer.readRequest();
+                                 peer.write(
+                                     "HTTP/1.1 407 Log in\r\nProxy-Authenticate: Basic "
+                                     "realm=\"p\"\r\nContent-Length: 0\r\nConnection: "
+                                     "close\r\n\r\n");
+                               },
+                               [](test::Peer& peer) { peer.readRequest(); }});
+  const test::ScopedProxy use("127.0.0.1:" + std::to_string(proxy.port()));
+  std::size_t toldBefore = 0;
+  setProxyLogIn([&](std::wstring_view, int) {
+    toldBefore = sent_.size();
+    return ProxyCredentials{L"Aladdin", L"open sesame"};
+  });
+  logIn({});
+  setProxyLogIn({});
+  EXPECT_EQ(toldBefore, 1U);
+  EXPECT_EQ(sent_.size(), 2U);
 }
 
 TEST_F(SentCall, IsToldWithoutAnObserverOfItsEnd) {
