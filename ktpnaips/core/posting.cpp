@@ -18,11 +18,15 @@ std::optional<std::uint32_t> codeOf(const winInet::Answer& answer) {
   return answer.failure->code;
 }
 
-/// What was answered, as a document that takes the body over; none when it is no XML.
+/// What was answered, as a document that takes the body over; none when it is no XML. One that is
+/// too large is a failure.
 xml::Document documentIn(winInet::Answer& answer) {
   if (answer.failure) return {};
-  if (answer.headers.empty()) return xml::Document::parseInPlace(answer.body);
-  return xml::Document::parse(answer.headers + answer.body);
+  if (!answer.headers.empty()) return xml::Document::parse(answer.headers + answer.body);
+  xml::ParseFailure why;
+  xml::Document document = xml::Document::parseInPlace(answer.body, &why);
+  if (why.isTooLarge) answer.failure = winInet::tooLarge(why.reason);
+  return document;
 }
 
 }  // namespace
@@ -44,11 +48,12 @@ void Utils::aaapost(std::int32_t service, std::wstring_view requestName, const I
     auto* const keeping = dynamic_cast<ResponseBase*>(response.get());
     winInet::Answer answer = winInet::winInetSend(url, requestName, document, effect);
     if (keeping != nullptr) {
-      keeping->posted({std::move(document), effect, answer.hasSent, codeOf(answer)});
+      keeping->posted({std::move(document), effect, answer.hasSent});
     }
     if (const xml::Document parsed = documentIn(answer)) {
       response->ResponseDoc(parsed);
     } else {
+      if (keeping != nullptr) keeping->failed(codeOf(answer));
       response->Error(true);
       response->ErrorText(errorText(answer));
     }

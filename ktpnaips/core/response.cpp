@@ -35,7 +35,6 @@ std::string ResponseBase::sentDocument() const {
 void ResponseBase::posted(Posted call) noexcept {
   if (call.effect == Effect::changes) outcomeIfUnreadable_ = Outcome::inDoubt;
   outcome_ = call.hasSent ? outcomeIfUnreadable_ : Outcome::notSent;
-  errorCode_ = call.errorCode;
   document_ = std::move(call.document);
 }
 

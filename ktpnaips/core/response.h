@@ -42,7 +42,6 @@ struct Posted {
   std::string document;
   Effect effect = Effect::reads;
   bool hasSent = false;
-  std::optional<std::uint32_t> errorCode;
 };
 
 /// A response that holds the four common values and what a program can act on; base of all response
@@ -79,6 +78,8 @@ class ResponseBase : public AbstractResponse {
   /// For the poster: takes the call down. Until the answer is read the outcome is that of a request
   /// without one.
   void posted(Posted call) noexcept;
+  /// For the poster: the network's error, if that is why there is no answer.
+  void failed(std::optional<std::uint32_t> errorCode) noexcept { errorCode_ = errorCode; }
   /// For the poster: puts the request behind `ErrorText`.
   void addTrace() noexcept { hasTrace_ = true; }
 

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace ktpnaips::winInet {
 namespace {
@@ -23,6 +24,18 @@ constexpr std::size_t longestURL = 32767;
 
 StepFailure stepFailed(std::wstring_view step, http::ErrorCode code) {
   return {step, code, apiErrorText(code)};
+}
+
+std::wstring withCode(std::wstring message, std::uint32_t code) {
+  constexpr std::wstring_view digits = L"0123456789ABCDEF";
+  std::wstring hexadecimal;
+  for (auto rest = code; rest != 0 || hexadecimal.empty(); rest /= 16) {
+    hexadecimal.insert(hexadecimal.begin(), digits[rest % 16]);
+  }
+  return message.append(L"  Dec: ")
+      .append(std::to_wstring(code))
+      .append(L"\tHex: ")
+      .append(hexadecimal);
 }
 
 /// The first step that failed; nothing when the request is ready to be sent.
@@ -146,14 +159,16 @@ bool httpQueryInfo(const http::Exchange& request, http::Info what, std::string& 
 }
 
 std::wstring apiErrorText(std::uint32_t code) {
-  constexpr std::wstring_view digits = L"0123456789ABCDEF";
   std::wstring message = http::errorMessage(code);
   if (message.empty()) message = L"(No such error)";
-  std::wstring hexadecimal;
-  for (auto rest = code; rest != 0 || hexadecimal.empty(); rest /= 16) {
-    hexadecimal.insert(hexadecimal.begin(), digits[rest % 16]);
-  }
-  return message + L"  Dec: " + std::to_wstring(code) + L"\tHex: " + hexadecimal;
+  return withCode(std::move(message), code);
+}
+
+StepFailure tooLarge(std::wstring_view reason) {
+  constexpr http::ErrorCode invalidServerResponse = 12152;
+  return {L"InternetReadFile", invalidServerResponse,
+          withCode(L"The answer cannot be read (" + std::wstring(reason) + L").\r\n",
+                   invalidServerResponse)};
 }
 
 }  // namespace ktpnaips::winInet

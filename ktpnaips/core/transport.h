@@ -43,6 +43,9 @@ struct Answer {
   std::string body;
 };
 
+/// An answer that is more than can be read, for this reason.
+StepFailure tooLarge(std::wstring_view reason);
+
 /// Posts `body` to `url` and waits for the answer. Never throws: after an unexpected failure, which
 /// is reported, the answer is as far as it came. `requestName` and `effect` are for observers.
 Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body,
