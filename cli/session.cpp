@@ -1,6 +1,5 @@
 #include "cli/session.h"
 
-#include "cli/error_text.h"
 #include "cli/messages.h"
 #include "cli/out_folder.h"
 #include "cli/text_output.h"
@@ -11,6 +10,7 @@
 #include <ktpnaips/core/failure_report.h>
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/platform/interruption.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
@@ -18,18 +18,20 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <optional>
 
 namespace cli {
 
 using ktpnaips::NAIPSConfig;
+using ktpnaips::Outcome;
 using ktpnaips::terminal::environment;
 using ktpnaips::text::fromUtf8;
 using ktpnaips::text::toUtf8;
 
 namespace {
 
-bool isError(const ktpnaips::AbstractResponse* response) {
+bool isError(const ktpnaips::ResponseBase* response) {
   return response == nullptr || response->Error();
 }
 
@@ -40,7 +42,9 @@ std::string userOf(const GlobalOptions& options) {
 }
 
 /// Asks the person at the terminal for the account of a proxy.
-std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host) {
+std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host, int attempt) {
+  ktpnaips::interruption::announce(nullptr);  // the proxy has passed nothing on
+  if (attempt > 1) complain("The proxy did not accept that account.");
   const auto user = ktpnaips::terminal::ask(fmt::format("User of the proxy {}: ", toUtf8(host)));
   if (!user || user->empty()) return std::nullopt;
   const auto password = ktpnaips::terminal::askSecret("Password of the proxy: ");
@@ -75,9 +79,20 @@ Session::Session(const GlobalOptions& options) : options_(options) {
   ktpnaips::setFailureReporter(
       [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
   if (ktpnaips::terminal::canAsk()) ktpnaips::setProxyLogIn(askForProxyAccount);
+  ktpnaips::setSendingObserver([this](const ktpnaips::ServiceCall& call) {
+    if (!call.changes || change_ == nullptr) return;
+    untold_ = change_->inDoubt;
+    ktpnaips::interruption::announce(untold_);
+  });
 }
 
 Session::~Session() {
+  if (untold_ != nullptr) {  // a failure ends the command, perhaps for want of memory
+    std::fputs(untold_, stderr);
+    std::fputs("\n", stderr);
+  }
+  markTold();
+  ktpnaips::setSendingObserver({});
   ktpnaips::setCallObserver({});
   ktpnaips::setProxyLogIn({});
   ktpnaips::setFailureReporter({});
@@ -102,7 +117,8 @@ void Session::watchCalls() {
     remark(fmt::format("Asking the service in mode {}{} ...", options_.mode, address));
   }
   ktpnaips::setCallObserver([this, address](const ktpnaips::ServiceCall& call) {
-    service_ = siteOf(call.url) + address;
+    addressed_ = {siteOf(call.url) + address, call.status,
+                  call.contentType.find("xml") != std::string::npos};
     if (options_.verbose > 0) complain(oneLine(fromUtf8(described(call))));
     if (options_.verbose > 1) showDocuments(call);
   });
@@ -126,8 +142,8 @@ std::string Session::password() const {
   return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
 }
 
-std::string Session::summary(std::string_view errorText) const {
-  return summaryOf(errorText, service_);
+std::string Session::summary(const ktpnaips::ResponseBase* response) const {
+  return summaryOf(response, addressed_);
 }
 
 std::string Session::userName() const {
@@ -161,45 +177,74 @@ std::wstring Session::kept(const std::wstring& file, const std::string& name) {
   }
 }
 
-void Session::show(const ktpnaips::AbstractResponse* response, const Json& properties,
+void Session::show(const ktpnaips::ResponseBase* response, const Json& properties,
                    const std::function<void()>& print) {
   hasError_ = isError(response);
   if (options_.json) {
     Json json = outcome(response, properties);
     json["Failures"] = failures_;
     printJson(json);
-    return;
-  }
-  if (hasError_) {
-    showError(response);
+    showChange(response);
   } else {
-    print();
+    if (hasError_) {
+      showError(response);
+    } else {
+      print();
+      showChange(response);
+    }
+    showFailures();
   }
-  showFailures();
+  markTold();
 }
 
-Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& properties) const {
-  const ErrorText error = errorText(response);
+void Session::markTold() noexcept {
+  untold_ = nullptr;
+  ktpnaips::interruption::announce(nullptr);
+}
+
+Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& properties) const {
   Json json = Json::object();
   json["Error"] = isError(response);
-  json["ErrorText"] = error.text;
-  if (options_.trace && !error.trace.empty()) json["Trace"] = error.trace;
+  json["ErrorText"] = errorText(response);
+  json["Outcome"] = toUtf8(nameOf(outcomeOf(response)));
+  json["Code"] = nullptr;
+  if (response != nullptr) {
+    if (const auto code = response->errorCode()) json["Code"] = *code;
+    const bool isTraced = options_.trace && response->Error();
+    if (isTraced && outcomeOf(response) != Outcome::none) json["Trace"] = response->sentDocument();
+  }
   json.update(properties);
   return json;
 }
 
-void Session::showError(const ktpnaips::AbstractResponse* response, const std::string& key) const {
-  const ErrorText error = errorText(response);
-  complainOfError((key.empty() ? "" : key + ": ") + summary(error.text));
-  complain(plain(fromUtf8(error.text)));
-  if (options_.trace && !error.trace.empty()) {
-    complain("In response to request:\n" + error.trace);
+void Session::showError(const ktpnaips::ResponseBase* response, const std::string& key) const {
+  complainOfError((key.empty() ? "" : key + ": ") + summary(response));
+  complain(plain(fromUtf8(options_.trace ? tracedErrorText(response) : errorText(response))));
+  showChange(response);
+}
+
+void Session::showChange(const ktpnaips::ResponseBase* response) const {
+  if (change_ == nullptr) return;
+  switch (outcomeOf(response)) {
+    case Outcome::success:
+      if (!failures_.empty()) complain(change_->done);
+      return;
+    case Outcome::none:
+    case Outcome::notSent:
+      return complain(change_->notSent);
+    case Outcome::refused:
+      return complain(change_->refused);
+    case Outcome::inDoubt:
+      return complain(change_->inDoubt);
+    default:
+      return;
   }
 }
 
-void Session::showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+void Session::showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                       const std::function<void()>& print) {
   hasError_ = hasError_ || isError(response);
+  markTold();
   if (options_.json) return;
   if (isError(response)) {
     showError(response, key);
@@ -213,12 +258,15 @@ void Session::finishEach(const std::vector<Json>& outcomes, const Json& properti
     showFailures();
     return;
   }
-  const auto failed =
-      std::ranges::count_if(outcomes, [](const Json& each) { return each["Error"].get<bool>(); });
+  const auto hasFailed = [](const Json& each) { return each["Error"].get<bool>(); };
+  const auto failed = std::ranges::count_if(outcomes, hasFailed);
+  const auto first = std::ranges::find_if(outcomes, hasFailed);
   Json json = Json::object();
   json["Error"] = failed > 0;
   json["ErrorText"] =
       failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
+  json["Outcome"] = failed > 0 ? (*first)["Outcome"] : Json("success");
+  json["Code"] = failed > 0 ? (*first)["Code"] : Json();
   json.update(properties);
   json["Count"] = outcomes.size();
   json["Items"] = outcomes;

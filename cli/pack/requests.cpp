@@ -1,7 +1,6 @@
 #include "cli/pack/requests.h"
 
 #include "cli/chart_files.h"
-#include "cli/error_text.h"
 #include "cli/pack/coded_way.h"
 #include "cli/pack/filling.h"
 #include "cli/pack/pictures.h"
@@ -149,7 +148,7 @@ class Gathering {
   auto ask(Request& request, const std::string& what, Answer& answer) {
     answer.title = what;
     decltype(session_.fetch(request)) response;
-    if (unreached_ == patience) {
+    if (letDown_ == patience) {
       skip(answer);
       return response;
     }
@@ -162,20 +161,28 @@ class Gathering {
     return response;
   }
 
-  void take(const ktpnaips::AbstractResponse* response, Answer& answer) {
+  void take(const ktpnaips::ResponseBase* response, Answer& answer) {
     const bool hasFailed = response == nullptr || response->Error();
-    const ErrorText error = hasFailed ? errorText(response) : ErrorText{};
-    if (hasFailed) fail(answer, session_.summary(error.text) + "\n" + plain(fromUtf8(error.text)));
-    unreached_ = isUnreached(error) ? unreached_ + 1 : 0;
-    if (unreached_ == patience) {
-      session_.remark("The service cannot be reached: the other requests are not sent.");
+    if (hasFailed) {
+      fail(answer, session_.summary(response) + "\n" + plain(fromUtf8(errorText(response))));
     }
+    const bool isLetDown = response != nullptr && response->errorCode().has_value();
+    letDown_ = isLetDown ? letDown_ + 1 : 0;
+    if (letDown_ < patience) return;
+    isUnreached_ = response->outcome() == ktpnaips::Outcome::notSent;
+    session_.remark(fmt::format("The service {}: the other requests are not sent.",
+                                isUnreached_ ? "cannot be reached" : "does not answer"));
   }
 
   /// Leaves out a request that would only wait for the same failure.
   void skip(Answer& answer) {
-    fail(answer, "Not asked, as the service could not be reached just before.");
-    outcomes_.push_back({{"Error", true}, {"ErrorText", answer.reason}, {"Request", answer.title}});
+    fail(answer, fmt::format("Not asked, as the service {} just before.",
+                             isUnreached_ ? "could not be reached" : "did not answer"));
+    outcomes_.push_back({{"Error", true},
+                         {"ErrorText", answer.reason},
+                         {"Outcome", "not-sent"},
+                         {"Code", nullptr},
+                         {"Request", answer.title}});
   }
 
   void fail(Answer& answer, std::string reason) {
@@ -448,7 +455,8 @@ class Gathering {
   Pack pack_;
   std::vector<Json> outcomes_;
   std::size_t expectedNames_ = 0;
-  int unreached_ = 0;  // requests in a row that the network let down
+  int letDown_ = 0;  // requests in a row that the network let down
+  bool isUnreached_ = false;
 };
 
 }  // namespace
