@@ -10,6 +10,7 @@
 #include <ktpnaips/core/failure_report.h>
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/platform/interruption.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
@@ -76,9 +77,14 @@ Session::Session(const GlobalOptions& options) : options_(options) {
   ktpnaips::setFailureReporter(
       [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
   if (ktpnaips::terminal::canAsk()) ktpnaips::setProxyLogIn(askForProxyAccount);
+  ktpnaips::setSendingObserver([this](const ktpnaips::ServiceCall& call) {
+    if (call.changes && change_ != nullptr) ktpnaips::interruption::announce(change_->inDoubt);
+  });
 }
 
 Session::~Session() {
+  ktpnaips::interruption::announce(nullptr);
+  ktpnaips::setSendingObserver({});
   ktpnaips::setCallObserver({});
   ktpnaips::setProxyLogIn({});
   ktpnaips::setFailureReporter({});
@@ -171,14 +177,15 @@ void Session::show(const ktpnaips::ResponseBase* response, const Json& propertie
     json["Failures"] = failures_;
     printJson(json);
     showChange(response);
-    return;
-  }
-  if (hasError_) {
-    showError(response);
   } else {
-    print();
+    if (hasError_) {
+      showError(response);
+    } else {
+      print();
+    }
+    showFailures();
   }
-  showFailures();
+  ktpnaips::interruption::announce(nullptr);  // what became of it has been said
 }
 
 Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& properties) const {
@@ -220,6 +227,7 @@ void Session::showChange(const ktpnaips::ResponseBase* response) const {
 void Session::showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                       const std::function<void()>& print) {
   hasError_ = hasError_ || isError(response);
+  ktpnaips::interruption::announce(nullptr);
   if (options_.json) return;
   if (isError(response)) {
     showError(response, key);

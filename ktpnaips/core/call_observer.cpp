@@ -12,19 +12,35 @@
 namespace ktpnaips {
 namespace {
 
-std::mutex observerMutex;
-// Without an observer, all that a call costs is reading this.
-std::atomic<bool> isObserved = false;
+/// The observer that is installed for the process.
+class ObserverSlot {
+ public:
+  void set(CallObserver observer) {
+    auto shared = observer ? std::make_shared<const CallObserver>(std::move(observer)) : nullptr;
+    const std::lock_guard lock(mutex_);
+    isTaken_.store(shared != nullptr, std::memory_order_relaxed);
+    observer_.swap(shared);
+  }
+  [[nodiscard]] std::shared_ptr<const CallObserver> current() {
+    if (!isTaken_.load(std::memory_order_relaxed)) return nullptr;
+    const std::lock_guard lock(mutex_);
+    return observer_;
+  }
 
-std::shared_ptr<const CallObserver>& installedObserver() {
-  static std::shared_ptr<const CallObserver> observer;
-  return observer;
+ private:
+  std::mutex mutex_;
+  std::atomic<bool> isTaken_ = false;  // without an observer, all that a call costs is reading this
+  std::shared_ptr<const CallObserver> observer_;
+};
+
+ObserverSlot& ofEnds() {
+  static ObserverSlot slot;
+  return slot;
 }
 
-std::shared_ptr<const CallObserver> currentObserver() {
-  if (!isObserved.load(std::memory_order_relaxed)) return nullptr;
-  const std::lock_guard lock(observerMutex);
-  return installedObserver();
+ObserverSlot& ofSending() {
+  static ObserverSlot slot;
+  return slot;
 }
 
 }  // namespace
@@ -38,21 +54,28 @@ std::string ServiceCall::answer() const {
 }
 
 void setCallObserver(CallObserver observer) {
-  auto shared = observer ? std::make_shared<const CallObserver>(std::move(observer)) : nullptr;
-  const std::lock_guard lock(observerMutex);
-  isObserved.store(shared != nullptr, std::memory_order_relaxed);
-  installedObserver().swap(shared);
+  ofEnds().set(std::move(observer));
+}
+
+void setSendingObserver(CallObserver observer) {
+  ofSending().set(std::move(observer));
 }
 
 CallWatch::CallWatch(std::wstring_view requestName, std::wstring_view url,
-                     std::string_view document)
-    : observer_(currentObserver()) {
-  if (observer_ == nullptr) return;
+                     std::string_view document, Effect effect)
+    : observer_(ofEnds().current()), sendingObserver_(ofSending().current()) {
+  if (observer_ == nullptr && sendingObserver_ == nullptr) return;
   call_.requestName = requestName;
   call_.url = url;
+  call_.changes = effect == Effect::changes;
   call_.bytesSent = document.size();
   call_.request_ = document;
   start_ = std::chrono::steady_clock::now();
+}
+
+void CallWatch::sending() {
+  const auto observer = std::exchange(sendingObserver_, nullptr);
+  if (observer != nullptr) tell(*observer);
 }
 
 void CallWatch::answered(const winInet::Answer& answer) {
@@ -67,12 +90,16 @@ void CallWatch::ended(const winInet::Answer& answer) {
   call_.untilEnd = sinceStart();
   call_.answer_ = answer.body;
   call_.bytesReceived = answer.body.size();
+  std::string failure;
   trapped(inModule(L"winInetSend", L"winInet"), [&] {
-    std::string failure;
     if (answer.failure) failure = text::toUtf8(failureText(*answer.failure));
-    call_.failure = failure;
-    (*observer_)(call_);
   });
+  call_.failure = failure;
+  tell(*observer_);
+}
+
+void CallWatch::tell(const CallObserver& observer) const {
+  trapped(inModule(L"winInetSend", L"winInet"), [&] { observer(call_); });
 }
 
 std::chrono::microseconds CallWatch::sinceStart() const {

@@ -8,12 +8,13 @@
 
 namespace ktpnaips {
 
-/// One call of the service, as its observer is told of it when it has ended. What it refers to is
-/// there for as long as the observer runs.
+/// One call of the service, as an observer is told of it: as a rule when it has ended. What it
+/// refers to is there for as long as the observer runs.
 class ServiceCall {
  public:
   std::wstring_view requestName;  ///< as in "authenticate-rqs"
   std::wstring_view url;          ///< where it was posted to
+  bool changes = false;           ///< whether it changes something at the service, as a filing does
   std::size_t bytesSent = 0;      ///< of the request document
   std::size_t bytesReceived = 0;  ///< of the answer's body
   std::string status;             ///< the HTTP status, as in "200"; empty when nothing answered
@@ -41,5 +42,11 @@ using CallObserver = std::function<void(const ServiceCall& call)>;
 /// Installs the observer for the whole process, from any thread; an empty function removes it. A
 /// call under way tells the one that was there when it started.
 void setCallObserver(CallObserver observer);
+
+/// As `setCallObserver`, for one who is told once of each call that reaches the service, right
+/// before the first byte of the request goes out (on Windows before the attempt to send it): from
+/// here on nobody knows whether what it asks for is done, until its response says so. Name, URL,
+/// document and `changes` are known by then.
+void setSendingObserver(CallObserver observer);
 
 }  // namespace ktpnaips

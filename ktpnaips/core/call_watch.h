@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ktpnaips/core/call_observer.h>
+#include <ktpnaips/core/outcome.h>
 #include <ktpnaips/core/transport.h>
 
 #include <chrono>
@@ -9,12 +10,15 @@
 
 namespace ktpnaips {
 
-/// Takes down one call for the observer; does nothing when there is none.
+/// Takes down one call for its observers; does nothing when there are none.
 class CallWatch {
  public:
   /// The call starts. What is given outlives the watch.
-  CallWatch(std::wstring_view requestName, std::wstring_view url, std::string_view document);
+  CallWatch(std::wstring_view requestName, std::wstring_view url, std::string_view document,
+            Effect effect);
 
+  /// The first byte of the request is about to go out.
+  void sending();
   /// The answer's headers are there.
   void answered(const winInet::Answer& answer);
   /// The call is over.
@@ -22,8 +26,10 @@ class CallWatch {
 
  private:
   [[nodiscard]] std::chrono::microseconds sinceStart() const;
+  void tell(const CallObserver& observer) const;
 
   std::shared_ptr<const CallObserver> observer_;
+  std::shared_ptr<const CallObserver> sendingObserver_;  // until it has been told
   std::chrono::steady_clock::time_point start_;
   ServiceCall call_;
 };

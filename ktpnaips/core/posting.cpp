@@ -41,7 +41,7 @@ void Utils::aaapost(std::int32_t service, std::wstring_view requestName, const I
     std::string document = requestDocument(request);
     if (response == nullptr) response = std::make_shared<AbstractResponse>();
     auto* const keeping = dynamic_cast<ResponseBase*>(response.get());
-    winInet::Answer answer = winInet::winInetSend(url, requestName, document);
+    winInet::Answer answer = winInet::winInetSend(url, requestName, document, effect);
     if (keeping != nullptr) {
       keeping->posted({std::move(document), effect, answer.hasSent, codeOf(answer)});
     }

@@ -119,12 +119,14 @@ void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, s
   });
 }
 
-Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body) {
-  CallWatch watch(requestName, url, body);
+Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body,
+                   Effect effect) {
+  CallWatch watch(requestName, url, body, effect);
   Answer answer;
   std::optional<http::Exchange> exchange;
   trapped(inModule(L"winInetSend", L"winInet"), [&] {
     exchange.emplace();
+    exchange->whenSending([&watch] { watch.sending(); });
     answer.failure = prepare(*exchange, url);
     if (answer.failure || !send(*exchange, body, answer)) return;
     watch.answered(answer);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ktpnaips/core/outcome.h>
 #include <ktpnaips/platform/http.h>
 
 #include <cstdint>
@@ -43,8 +44,9 @@ struct Answer {
 };
 
 /// Posts `body` to `url` and waits for the answer. Never throws: after an unexpected failure, which
-/// is reported, the answer is as far as it came. `requestName` is not sent; it is for the observer.
-Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body);
+/// is reported, the answer is as far as it came. `requestName` and `effect` are for observers.
+Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body,
+                   Effect effect = Effect::reads);
 
 /// True, with `value` filled, when the answer has the header or status asked for.
 bool httpQueryInfo(const http::Exchange& request, http::Info what, std::string& value);
