@@ -3,17 +3,19 @@
 #include "cli/command.h"
 #include "cli/exit_status.h"
 #include "cli/global_options.h"
+#include "cli/help_text.h"
 #include "cli/messages.h"
 #include "cli/session.h"
 #include "cli/usage_error.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -114,6 +116,7 @@ void requireCombinable(const GlobalOptions& options) {
 int run(std::vector<std::string> arguments) {
   CLI::App app("Briefings and flight notifications from NAIPS", "naips");
   app.set_version_flag("--version", "naips " KTPNAIPS_VERSION);
+  app.formatter(std::make_shared<HelpText>());
   app.fallthrough();
   app.require_subcommand(1);
   std::string configurationFile;

@@ -42,13 +42,19 @@ void nameArgument(Parameter& parameter, const CLI::Option& option) {
   parameter.value = kindOf(parameter);
 }
 
+/// The heading that an option has by itself is CLI11's, which changes with its version.
+std::string groupOf(const CLI::Option& option, const CLI::App& app) {
+  const bool isByItself = option.get_group() == app.get_help_ptr()->get_group();
+  return isByItself ? "Options" : option.get_group();
+}
+
 CommandNode node(const CLI::App& app, const std::string& words) {
   CommandNode node{words, app.get_description(), {}, {}, {}};
   for (const CLI::Option* option : app.get_options()) {
     if (!words.empty() && option == app.get_help_ptr()) continue;  // naips itself has it
     Parameter parameter;
     parameter.help = option->get_description();
-    parameter.group = option->get_group();
+    parameter.group = groupOf(*option, app);
     parameter.isRequired = option->get_required();
     if (option->get_positional()) {
       nameArgument(parameter, *option);

@@ -2,6 +2,7 @@
 #include "cli/quoting.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <string_view>
 #include <vector>

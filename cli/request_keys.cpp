@@ -3,6 +3,7 @@
 #include <ktpnaips/platform/runtime_fault.h>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <charconv>
 

@@ -10,7 +10,7 @@ function(ktp_warnings target)
       target_compile_options(${target} PRIVATE -Wno-restrict -Wno-array-bounds
         -Wno-stringop-overflow -Wno-stringop-overread)
     endif()
-    if(KTPNAIPS_SANITIZE MATCHES "thread")
+    if(KTPNAIPS_SANITIZE MATCHES "thread" AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
       # GCC warns of each fence in Asio, which that sanitizer does not see.
       target_compile_options(${target} PRIVATE -Wno-tsan)
     endif()

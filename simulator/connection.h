@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>  // what Asio of Boost 1.74 does not include itself
+
 #include <boost/asio/awaitable.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/ssl/context.hpp>

@@ -4,6 +4,7 @@
 #include <ctime>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -24,13 +25,22 @@ struct Settings {
 
 std::string faultList() {
   std::ostringstream text;
-  text << "Faults:\n";
+  text << "\nFaults:\n";
   for (const sim::FaultName& fault : sim::faultNames()) {
     text << "  " << fault.name << std::string(22 - fault.name.size(), ' ') << fault.summary << '\n';
   }
   text << "\nThe account DEMO with the password demo-pilot is always there.\n";
   return text.str();
 }
+
+// With the list of faults below the options, whose lines a footer of CLI11's would break anew.
+class Help : public CLI::Formatter {
+ public:
+  std::string make_help(const CLI::App* app, std::string name,
+                        CLI::AppFormatMode mode) const override {
+    return Formatter::make_help(app, std::move(name), mode) + faultList();
+  }
+};
 
 std::vector<std::string> knownFaults() {
   std::vector<std::string> names;
@@ -65,7 +75,7 @@ void declareOptions(CLI::App& app, Settings& settings) {
   app.add_flag("--strict", settings.options.strict,
                "Refuse unknown places, departures in the past, flights without stages or aircraft "
                "and foreign groups");
-  app.footer(faultList());
+  app.formatter(std::make_shared<Help>());
 }
 
 std::chrono::sys_seconds parseTime(const std::string& text) {

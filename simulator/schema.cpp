@@ -41,7 +41,9 @@ struct Findings {
   std::string namespacePrefix;  // "{uri}", left out of the texts
 };
 
-void note(void* data, xmlErrorPtr error) {
+// The error is const from libxml2 2.12 on.
+template <class Error>
+void note(void* data, Error* error) {
   Findings& findings = *static_cast<Findings*>(data);
   if (!findings.first.empty() || error->message == nullptr) {
     return;

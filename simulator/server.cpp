@@ -1,5 +1,7 @@
 #include "simulator/server.h"
 
+#include <utility>  // what Asio of Boost 1.74 does not include itself
+
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/co_spawn.hpp>
 #include <boost/asio/detached.hpp>

@@ -30,13 +30,19 @@ std::string withoutLineEnd(std::string text) {
   return text;
 }
 
-std::string& firstErrorOf(void* context) {
-  return *static_cast<std::string*>(static_cast<xmlParserCtxt*>(context)->_private);
+struct Findings {
+  std::string first;  // the first error: the parser goes on after some
+  bool hasDocumentType = false;
+};
+
+Findings& findingsOf(void* context) {
+  return *static_cast<Findings*>(static_cast<xmlParserCtxt*>(context)->_private);
 }
 
-// The parser goes on after some errors: the first one tells what is wrong.
-void keepFirst(void* context, xmlErrorPtr error) {
-  std::string& first = firstErrorOf(context);
+// The error is const from libxml2 2.12 on.
+template <class Error>
+void keepFirst(void* context, Error* error) {
+  std::string& first = findingsOf(context).first;
   if (first.empty() && error->message != nullptr) {
     first = "line " + std::to_string(error->line) + ": " + withoutLineEnd(error->message);
   }
@@ -44,11 +50,11 @@ void keepFirst(void* context, xmlErrorPtr error) {
 
 // From here on nothing is declared, expanded or built any more.
 void refuseDocumentType(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
-  xmlParserCtxt* const parser = static_cast<xmlParserCtxt*>(context);
-  firstErrorOf(context) = "line " + std::to_string(xmlSAX2GetLineNumber(parser)) +
-                          ": a document type declaration is not allowed";
-  parser->wellFormed = 0;
-  parser->disableSAX = 1;
+  Findings& findings = findingsOf(context);
+  findings.first = "line " + std::to_string(xmlSAX2GetLineNumber(context)) +
+                   ": a document type declaration is not allowed";
+  findings.hasDocumentType = true;
+  xmlStopParser(static_cast<xmlParserCtxt*>(context));
 }
 
 }  // namespace
@@ -120,8 +126,8 @@ XmlDocument XmlDocument::parse(std::string_view text) {
   }
   const std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)> context(xmlNewParserCtxt(),
                                                                              &xmlFreeParserCtxt);
-  std::string firstError;
-  context->_private = &firstError;
+  Findings findings;
+  context->_private = &findings;
   context->sax->serror = keepFirst;
   context->sax->internalSubset = refuseDocumentType;
   XmlDocument result;
@@ -129,8 +135,8 @@ XmlDocument XmlDocument::parse(std::string_view text) {
   result.document_.reset(xmlCtxtReadMemory(
       context.get(), text.data(), static_cast<int>(text.size()), nullptr, nullptr,
       XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
-  if (!result.document_) {
-    throw XmlError(firstError);
+  if (!result.document_ || findings.hasDocumentType) {
+    throw XmlError(findings.first);
   }
   return result;
 }

@@ -4,7 +4,7 @@
 #include "cli/manual.h"
 
 #include <fmt/format.h>
-#include <CLI/Validators.hpp>
+#include <CLI/CLI.hpp>
 
 #include <map>
 #include <memory>

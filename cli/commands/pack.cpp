@@ -11,7 +11,7 @@
 #include <ktpnaips/spfib/spfib_requests.h>
 
 #include <fmt/format.h>
-#include <CLI/Validators.hpp>
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <filesystem>

@@ -3,15 +3,9 @@
 #include "cli/paths.h"
 #include "cli/usage_error.h"
 
-#define BOOST_PROCESS_USE_STD_FS
-#include <fmt/format.h>
-#include <boost/system/error_code.hpp>  // which its headers for Windows use without including it
+#include <ktpnaips/platform/program.h>
 
-#include <boost/process/args.hpp>
-#include <boost/process/child.hpp>
-#include <boost/process/exe.hpp>
-#include <boost/process/io.hpp>
-#include <boost/process/search_path.hpp>
+#include <fmt/format.h>
 
 #include <array>
 #include <chrono>
@@ -19,12 +13,11 @@
 #include <ios>
 #include <stdexcept>
 #include <system_error>
-#include <vector>
 
 namespace cli::pack {
 
 namespace fs = std::filesystem;
-namespace process = boost::process;
+namespace program = ktpnaips::program;
 
 namespace {
 
@@ -60,37 +53,18 @@ void writeFile(const fs::path& file, std::string_view content) {
   if (!stream) throw std::runtime_error(fmt::format("cannot write {}", pathText(file)));
 }
 
-/// Runs the program, without a shell, for two minutes at most. Returns whether it succeeded.
-bool run(const fs::path& program, const std::vector<std::string>& arguments) {
-  std::vector<fs::path::string_type> native;
-  for (const std::string& each : arguments) native.push_back(pathOf(each).native());
-  process::child child(process::exe = program.native(), process::args = native,
-                       process::std_in<process::null, process::std_out> process::null,
-                       process::std_err > process::null);
-  // Not wait_for(): it waits for a signal that another thread of the process may take.
-  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
-  while (child.running()) {
-    if (std::chrono::steady_clock::now() > end) {
-      child.terminate();
-      return false;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return child.exit_code() == 0;
-}
-
 }  // namespace
 
 fs::path findBrowser(const std::string& wanted) {
   if (!wanted.empty()) {
     std::error_code ignored;
     if (fs::is_regular_file(pathOf(wanted), ignored)) return pathOf(wanted);
-    const auto found = process::search_path(wanted);
+    const auto found = program::find(wanted);
     if (!found.empty()) return found;
     throw UsageError(fmt::format("--browser \"{}\" is not a program", wanted));
   }
   for (const char* name : browserNames) {
-    const auto found = process::search_path(name);
+    const auto found = program::find(name);
     if (!found.empty()) return found;
   }
   throw UsageError(
@@ -104,9 +78,11 @@ void printToPdf(const fs::path& browser, std::string_view document, const fs::pa
   const fs::path pdf = folder.path() / "pack.pdf";
   writeFile(page, document);
   const bool isPrinted =
-      run(browser, {"--headless", "--disable-gpu", "--no-first-run", "--no-pdf-header-footer",
+      program::run(browser,
+                   {"--headless", "--disable-gpu", "--no-first-run", "--no-pdf-header-footer",
                     "--user-data-dir=" + pathText(folder.path() / "profile"),
-                    "--print-to-pdf=" + pathText(fs::absolute(pdf)), pathText(fs::absolute(page))});
+                    "--print-to-pdf=" + pathText(fs::absolute(pdf)), pathText(fs::absolute(page))},
+                   std::chrono::minutes(2));
   std::error_code error;
   if (!isPrinted || fs::file_size(pdf, error) == 0 || error) {
     throw std::runtime_error(

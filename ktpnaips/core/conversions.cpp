@@ -23,7 +23,7 @@ using std::chrono::year_month_day;
 
 int number(std::wstring_view digits) {
   int value = 0;
-  for (const wchar_t digit : digits) value = value * 10 + (digit - L'0');
+  for (const wchar_t digit : digits) value = value * 10 + static_cast<int>(digit - L'0');
   return value;
 }
 

@@ -18,10 +18,11 @@ std::optional<std::uint32_t> codeOf(const winInet::Answer& answer) {
   return answer.failure->code;
 }
 
-/// What was answered, as a document; none when it is no XML.
-xml::Document documentOf(const winInet::Answer& answer) {
+/// What was answered, as a document that takes the body over; none when it is no XML.
+xml::Document documentIn(winInet::Answer& answer) {
   if (answer.failure) return {};
-  return xml::Document::parse(answer.headers.empty() ? answer.body : answer.headers + answer.body);
+  if (answer.headers.empty()) return xml::Document::parseInPlace(answer.body);
+  return xml::Document::parse(answer.headers + answer.body);
 }
 
 }  // namespace
@@ -45,9 +46,7 @@ void Utils::aaapost(std::int32_t service, std::wstring_view requestName, const I
     if (keeping != nullptr) {
       keeping->posted({std::move(document), effect, answer.hasSent, codeOf(answer)});
     }
-    if (const xml::Document parsed = documentOf(answer)) {
-      std::string().swap(
-          answer.body);  // its memory is needed for what is decoded from the document
+    if (const xml::Document parsed = documentIn(answer)) {
       response->ResponseDoc(parsed);
     } else {
       response->Error(true);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace ktpnaips::files {
@@ -23,7 +24,7 @@ bool isDevice(std::wstring_view name) {
 
 bool canStandInName(wchar_t c) {
   constexpr std::wstring_view reserved = L"<>:\"/\\|?*";
-  return c >= L' ' && reserved.find(c) == std::wstring_view::npos;
+  return static_cast<std::uint32_t>(c) >= L' ' && reserved.find(c) == std::wstring_view::npos;
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ bool standsForItself(unsigned char byte) {
 bool canBeHostName(std::string_view host) {
   if (isIpv6Literal(host)) return true;
   return std::none_of(host.begin(), host.end(), [](char letter) {
-    const bool control = (letter >= 0 && letter <= ' ') || letter == '\x7f';
+    const bool control = static_cast<unsigned char>(letter) <= ' ' || letter == '\x7f';
     return control ||
            std::string_view(":/?#[]@%\\\"<>^`{|}").find(letter) != std::string_view::npos;
   });

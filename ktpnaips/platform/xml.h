@@ -43,11 +43,13 @@ class Node {
   [[nodiscard]] Node lastChild() const;
   [[nodiscard]] Node nextSibling() const;
 
-  /// Appends an element as the last child and returns it. An empty `text` adds no text node.
+  /// Appends an element as the last child and returns it. An empty `text` adds no text node. With
+  /// an empty `namespaceUri` it has no prefix.
   Node appendElement(std::wstring_view qualifiedName, std::wstring_view namespaceUri,
                      std::wstring_view text) const;
-  /// Sets an attribute, replacing one of the same name, and returns its node. It is serialised
-  /// under `qualifiedName` alone, without a namespace declaration of its own.
+  /// Sets an attribute, replacing one of the same qualified name, and returns its node. Without a
+  /// prefix it is serialised under its name alone, whatever its namespace; with an empty
+  /// `namespaceUri` it has no prefix.
   Node setAttribute(std::wstring_view qualifiedName, std::wstring_view namespaceUri,
                     std::wstring_view value) const;
   /// The value of the attribute with this qualified name, or nothing when it is absent. Throws
@@ -71,7 +73,8 @@ class Node {
   [[nodiscard]] std::vector<Node> selectAll(std::string_view expression) const;
 
   /// The node as UTF-8 XML text: no XML declaration, no line end of its own. Throws fault 5 when
-  /// the document holds a character that XML 1.0 does not allow.
+  /// the document holds a character that XML 1.0 does not allow, or the node elements that are
+  /// nested more than 1,000 deep.
   [[nodiscard]] std::string serialise() const;
 
  protected:
@@ -104,9 +107,12 @@ class Document : public Node {
   /// Parses XML text: UTF-8 unless it declares another encoding. Returns no document when the text
   /// is not well-formed, has a document type declaration or an element with more than 1,000
   /// attributes, or nests elements deeper than the DOM allows (POSIX: 1,000 levels; it also limits
-  /// names and namespaces); `failure`, when given, then says why. Nothing outside the text is ever
-  /// fetched.
+  /// names, namespaces and the number of nodes); `failure`, when given, then says why. Nothing
+  /// outside the text is ever fetched.
   static Document parse(const std::string& text, ParseFailure* failure = nullptr);
+  /// As `parse`, but the document takes the text over, which is empty then, and may keep long texts
+  /// where they lie. When there is no document, the text is as it was.
+  static Document parseInPlace(std::string& text, ParseFailure* failure = nullptr);
 
   /// The outermost element; no node while there is none.
   [[nodiscard]] Node documentElement() const;

@@ -152,7 +152,7 @@ bool Canvas::reserve(const MapRect& rect) {
 
 }  // namespace sim
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KTP_SANITIZED
 // fontconfig links its cached patterns by offsets, which the leak check does not follow.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {

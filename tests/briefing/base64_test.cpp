@@ -175,9 +175,10 @@ TEST(Base64, DecodesEveryCharacterAtEveryPlaceOfALongLine) {
       std::wstring text = clean;
       text[place] = code;
       const auto expected = decodedPlainly(text);
-      EXPECT_EQ(outcomeOf(std::wstring_view(text)), expected) << place << ' ' << int{code};
+      EXPECT_EQ(outcomeOf(std::wstring_view(text)), expected)
+          << place << ' ' << static_cast<int>(code);
       EXPECT_EQ(outcomeOf(std::string_view(text::toUtf8(text))), expected)
-          << place << ' ' << int{code};
+          << place << ' ' << static_cast<int>(code);
     }
   }
 }

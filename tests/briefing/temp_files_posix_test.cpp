@@ -10,6 +10,7 @@
 
 #include "tests/support/data_folder.h"
 #include "tests/support/fault.h"
+#include "tests/support/ordinary_user_posix.h"
 #include "tests/support/scoped_environment.h"
 #include "tests/support/soap.h"
 
@@ -37,6 +38,18 @@ TEST(DataFolderOnPosix, ThatCannotBeMadeShowsAsAFaultWhenAProductIsWritten) {
   BriefingResponse response;
   EXPECT_EQ(test::faultOf([&] { test::load(response, oneProduct); }), fault::pathNotFound);
   EXPECT_EQ(response.Count(), 1);
+}
+
+TEST(DataFolderOnPosix, ThatMayNotBeWrittenToIsFault70WhenAProductIsWritten) {
+  const test::OrdinaryUser user;
+  const test::DataFolder folder;
+  fs::create_directories(folder.path());
+  fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+  BriefingResponse response;
+  EXPECT_EQ(test::faultOf([&] { test::load(response, oneProduct); }), fault::permissionDenied);
+  EXPECT_EQ(response.Count(), 1);
+  fs::permissions(folder.path(), fs::perms::owner_all);
+  EXPECT_TRUE(folder.names().empty());
 }
 
 TEST(DataFolderOnPosix, IsNotLeftThroughALinkInPlaceOfAProduct) {

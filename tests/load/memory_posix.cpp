@@ -6,7 +6,7 @@
 #include <fstream>
 
 Memory Memory::now() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef KTP_SANITIZED
   return {};
 #else
   std::size_t pages = 0;

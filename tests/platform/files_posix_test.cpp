@@ -88,6 +88,11 @@ TEST(FolderOfApplicationDataOnPosix, IsInTheHomeFolderOtherwise) {
   }
 }
 
+TEST(FilesOnPosix, HavePlainNamesWhetherOrNotWideCharactersHaveASign) {
+  for (const std::uint32_t code : {0x110000U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU})
+    EXPECT_TRUE(files::isPlainName(std::wstring(1, static_cast<wchar_t>(code)))) << code;
+}
+
 TEST(FilesOnPosix, AreVisibleAsLinksThatLeadNowhere) {
   const test::ScratchFolder scratch;
   fs::create_symlink(scratch.path() / "none", scratch.path() / "link");

@@ -269,5 +269,16 @@ TEST(XmlParsing, SerialisesAPartThatCanBeReadAgainForTheSame) {
   EXPECT_EQ(part.documentElement().firstChild().namespaceUri(), L"urn:e");
 }
 
+TEST(XmlParsing, TakesAnswersOfAnyRealSize) {
+  const std::string entry =
+      "<n:route><n:adep>YSSY</n:adep><n:ades>YMML</n:ades><n:code>R1</n:code>"
+      "<n:description>WOL H65 RAZZI Q29 LIZZI V279 ML</n:description></n:route>";
+  const Document directory =
+      Document::parse("<n:rsp xmlns:n='urn:n'>" + repeated(entry, 100'000) + "</n:rsp>");
+  ASSERT_TRUE(directory);
+  directory.bindPrefixes(L"xmlns:n='urn:n'");
+  EXPECT_EQ(directory.documentElement().selectAll("n:route/n:code").size(), 100'000U);
+}
+
 }  // namespace
 }  // namespace ktpnaips

@@ -67,7 +67,7 @@ TEST(Charts, AreTheSameForTheSameRequest) {
 
 // Time of the processor, so that a busy machine does not spoil the result.
 TEST(Charts, AreDrawnQuickly) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef KTP_SANITIZED
   constexpr double limit = 6;
 #else
   constexpr double limit = 0.3;

@@ -68,7 +68,7 @@ void write(X509* certificate, const std::string& file) {
 }  // namespace
 
 struct CertificateAuthority::Identity {
-  Key key{EVP_EC_gen("P-256")};
+  Key key{EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256")};
   Certificate certificate;
 };
 
@@ -89,14 +89,14 @@ CertificateAuthority::~CertificateAuthority() {
 }
 
 std::shared_ptr<SSL_CTX> CertificateAuthority::server(const CertificateWish& wish) const {
-  const Key key(EVP_EC_gen("P-256"));
+  const Key key(EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256"));
   const Certificate certificate =
       unsignedCertificate(wish.hostName, key.get(), wish.validFromDays, wish.validToDays);
   X509* const own = certificate.get();
   X509* const issuer = wish.selfSigned ? own : identity_->certificate.get();
   extend(own, issuer, NID_subject_alt_name, "DNS:" + wish.hostName);
   extend(own, issuer, NID_ext_key_usage, wish.forClientsOnly ? "clientAuth" : "serverAuth");
-  const Key otherKey(EVP_EC_gen("P-256"));
+  const Key otherKey(EVP_PKEY_Q_keygen(nullptr, nullptr, "EC", "P-256"));
   EVP_PKEY* const issuerKey = wish.selfSigned ? key.get() : identity_->key.get();
   sign(own, issuer, wish.brokenSignature ? otherKey.get() : issuerKey);
   std::shared_ptr<SSL_CTX> context(SSL_CTX_new(TLS_server_method()), SSL_CTX_free);

@@ -4,6 +4,7 @@
 #include <dlfcn.h>
 #include <execinfo.h>
 #include <fcntl.h>
+#include <libxml/xmlversion.h>
 #include <netdb.h>
 #include <pthread.h>
 #include <sys/ioctl.h>
@@ -164,15 +165,26 @@ bool isOf(void* address, std::string_view library) {
          std::string_view(found.dli_fname).find(library) != std::string_view::npos;
 }
 
-/// Whether libcurl, called by OpenSSL, is about to keep a TLS ticket: release 7.88 frees the host's
-/// name twice when it has no memory for the rest.
+bool isFunction(void* address, std::string_view name) {
+  Dl_info found{};
+  return dladdr(address, &found) != 0 && found.dli_sname != nullptr && found.dli_sname == name;
+}
+
+/// Whether a library does not survive the failure: libcurl, called by OpenSSL, is about to keep a
+/// TLS ticket (release 7.88 frees the host's name twice when it has no memory for the rest), or
+/// libxml2 evaluates an expression (before release 2.13 it loses what it has, or frees it twice).
 bool isFatal() {
   const Uncounted uncounted;
-  std::array<void*, 16> frames{};
-  const int depth = backtrace(frames.data(), static_cast<int>(frames.size()));
-  return std::adjacent_find(frames.begin(), frames.begin() + depth, [](void* inner, void* outer) {
-           return isOf(inner, "libcurl.so") && isOf(outer, "libssl.so");
-         }) != frames.begin() + depth;
+  std::array<void*, 64> frames{};
+  const auto end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
+  const bool keepsTicket = std::adjacent_find(frames.begin(), end, [](void* inner, void* outer) {
+                             return isOf(inner, "libcurl.so") && isOf(outer, "libssl.so");
+                           }) != end;
+  const bool evaluates =
+      LIBXML_VERSION < 21300 && std::any_of(frames.begin(), end, [](void* each) {
+        return isFunction(each, "xmlXPathEval") || isFunction(each, "xmlXPathEvalExpression");
+      });
+  return keepsTicket || evaluates;
 }
 
 /// How this call of the function fails; 0 when it does not.

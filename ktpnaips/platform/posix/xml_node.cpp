@@ -1,145 +1,150 @@
 #include <ktpnaips/platform/posix/xml_document.h>
-#include <ktpnaips/platform/posix/xml_memory.h>
+#include <ktpnaips/platform/posix/xml_expression.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/text.h>
-#include <ktpnaips/platform/xml.h>
+#include <ktpnaips/platform/xml_common.h>
 
+#include <cstdint>
 #include <type_traits>
 
 namespace ktpnaips::xml {
-
 namespace {
 
-SharedDocument* shared(void* owner) noexcept {
-  return static_cast<SharedDocument*>(owner);
+SharedDocument& shared(void* owner) noexcept {
+  return *static_cast<SharedDocument*>(owner);
 }
 
-void retain(void* owner) noexcept {
-  if (owner != nullptr) shared(owner)->references.fetch_add(1, std::memory_order_relaxed);
+bool isCharacterData(Kind kind) {
+  return kind == Kind::text || kind == Kind::data;
 }
 
-void release(void* owner) noexcept {
-  if (owner != nullptr && shared(owner)->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    delete shared(owner);
+/// The text below a node, however deep it lies.
+std::string collectedText(const Tree& tree, Index top) {
+  std::string text(tree.textOf(top));
+  for (Index node = tree[top].firstChild; node != 0; node = tree.following(node, top)) {
+    const Kind kind = tree[node].kind();
+    if (isCharacterData(kind) || kind == Kind::element) text += tree.textOf(node);
   }
+  return text;
 }
 
-/// The text of a node that holds it in one piece, without a copy; null otherwise.
-const xmlChar* onlyText(xmlNodePtr node) {
-  const bool isText = node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE ||
-                      node->type == XML_COMMENT_NODE || node->type == XML_PI_NODE;
-  if (isText) return node->content != nullptr ? node->content : asXml("");
-  if (node->children == nullptr) return asXml("");
-  const bool single = node->children->next == nullptr && node->children->type == XML_TEXT_NODE;
-  return single && node->type != XML_DOCUMENT_NODE ? node->children->content : nullptr;
+std::string nameOf(const Tree& tree, Place place) {
+  const Kind kind = place.isText ? Kind::text : tree[place.node].kind();
+  if (kind == Kind::text) return "#text";
+  if (kind == Kind::data) return "#cdata-section";
+  if (kind == Kind::comment) return "#comment";
+  if (kind == Kind::document) return "#document";
+  const std::string& name = tree.nameOf(place.node).qualified;
+  if (kind != Kind::declaration) return name;
+  return name.empty() ? "xmlns" : "xmlns:" + name;
 }
 
-xmlNodePtr contentRoot(xmlNodePtr node) {
-  return node->type == XML_DOCUMENT_NODE ? xmlDocGetRootElement(node->doc) : node;
+/// The text that an element or an attribute starts with, otherwise no node.
+Node firstText(SharedDocument& owner, Place place) {
+  const Kind kind = owner.tree[place.node].kind();
+  const bool mayHold = !place.isText && (kind == Kind::element || kind == Kind::attribute);
+  if (!mayHold || owner.tree.textOf(place.node).empty()) return {};
+  return NodeAccess::make(owner, Place{place.node, true});
 }
 
 }  // namespace
 
-SharedDocument::~SharedDocument() {
-  for (const xmlNodePtr each : grafts) xmlUnlinkNode(each);
+SharedDocument::SharedDocument() = default;
+
+SharedDocument::~SharedDocument() = default;
+
+void retain(void* owner, void*) noexcept {
+  if (owner != nullptr) shared(owner).references.fetch_add(1, std::memory_order_relaxed);
 }
 
-Node NodeAccess::make(SharedDocument* owner, xmlNodePtr node) {
-  if (node == nullptr) return {};
-  retain(owner);
-  return Node(owner, node);
+void release(void* owner, void*) noexcept {
+  if (owner != nullptr && shared(owner).references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    delete &shared(owner);
+  }
 }
 
-Document NodeAccess::makeDocument(SharedDocument* owner) {
-  retain(owner);
-  return Document(owner, owner->document.get());
+Node NodeAccess::make(SharedDocument& owner, Place place) {
+  retain(&owner, nullptr);
+  return Node(&owner, handleOf(place));
+}
+
+Node NodeAccess::make(SharedDocument& owner, Index node) {
+  return node != 0 ? make(owner, Place{node}) : Node();
+}
+
+Document NodeAccess::makeDocument(SharedDocument& owner) {
+  retain(&owner, nullptr);
+  return Document(&owner, handleOf({}));
 }
 
 SharedDocument& NodeAccess::owner(const Node& node) {
-  raw(node);
-  return *shared(node.owner_);
-}
-
-xmlNodePtr NodeAccess::raw(const Node& node) {
   if (!node) throw RuntimeFault(fault::objectNotSet);
-  return static_cast<xmlNodePtr>(node.node_);
+  return shared(node.owner_);
 }
 
-Node::Node(const Node& other) noexcept : owner_(other.owner_), node_(other.node_) {
-  retain(owner_);
+Place NodeAccess::place(const Node& node) {
+  owner(node);
+  return placeOf(node.node_);
 }
 
-Node::Node(Node&& other) noexcept
-    : owner_(std::exchange(other.owner_, nullptr)), node_(std::exchange(other.node_, nullptr)) {}
-
-// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): retained before it is released
-Node& Node::operator=(const Node& other) noexcept {
-  retain(other.owner_);
-  release(owner_);
-  owner_ = other.owner_;
-  node_ = other.node_;
-  return *this;
+void* NodeAccess::handleOf(Place place) {
+  const auto number = (static_cast<std::uintptr_t>(place.node) + 1) << 1U;
+  return reinterpret_cast<void*>(number | (place.isText ? 1U : 0U));  // NOLINT: never null
 }
 
-Node& Node::operator=(Node&& other) noexcept {
-  std::swap(owner_, other.owner_);
-  std::swap(node_, other.node_);
-  return *this;
-}
-
-Node::~Node() {
-  release(owner_);
+Place NodeAccess::placeOf(const void* handle) {
+  const auto number = reinterpret_cast<std::uintptr_t>(handle);  // NOLINT: as made above
+  return {static_cast<Index>((number >> 1U) - 1), (number & 1U) != 0};
 }
 
 bool Node::isSameAs(const Node& other) const noexcept {
-  return node_ == other.node_;
+  return owner_ == other.owner_ && node_ == other.node_;
 }
 
 Document Node::ownerDocument() const {
-  return NodeAccess::makeDocument(&NodeAccess::owner(*this));
+  return NodeAccess::makeDocument(NodeAccess::owner(*this));
 }
 
 bool Node::isElement() const {
-  return NodeAccess::raw(*this)->type == XML_ELEMENT_NODE;
+  const Place place = NodeAccess::place(*this);
+  return !place.isText && shared(owner_).tree[place.node].kind() == Kind::element;
 }
 
 std::wstring Node::name() const {
-  const xmlNodePtr node = NodeAccess::raw(*this);
-  if (node->type == XML_TEXT_NODE) return L"#text";
-  if (node->type == XML_COMMENT_NODE) return L"#comment";
-  if (node->type == XML_DOCUMENT_NODE) return L"#document";
-  std::string name;
-  const bool named = node->type == XML_ELEMENT_NODE || node->type == XML_ATTRIBUTE_NODE;
-  if (named && node->ns != nullptr && node->ns->prefix != nullptr) {
-    name = std::string(asChars(node->ns->prefix)) + ':';
-  }
-  return text::fromUtf8(name + asChars(node->name));
+  const Place place = NodeAccess::place(*this);
+  return text::fromUtf8(nameOf(shared(owner_).tree, place));
 }
 
 std::wstring Node::namespaceUri() const {
-  const xmlNodePtr node = NodeAccess::raw(*this);
-  const bool named = node->type == XML_ELEMENT_NODE || node->type == XML_ATTRIBUTE_NODE;
-  return named && node->ns != nullptr ? text::fromUtf8(asChars(node->ns->href)) : std::wstring();
+  const Place place = NodeAccess::place(*this);
+  const Tree& tree = shared(owner_).tree;
+  const bool isNamed = !place.isText && tree[place.node].kind() != Kind::declaration;
+  return isNamed ? text::fromUtf8(tree.names.uriOf(tree.nameOf(place.node).uri)) : std::wstring();
 }
 
 Node Node::firstChild() const {
-  return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->children);
+  const Place place = NodeAccess::place(*this);
+  if (Node text = firstText(shared(owner_), place)) return text;
+  return NodeAccess::make(shared(owner_),
+                          place.isText ? 0 : shared(owner_).tree[place.node].firstChild);
 }
 
 Node Node::lastChild() const {
-  return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->last);
+  const Place place = NodeAccess::place(*this);
+  const Index last = place.isText ? 0 : shared(owner_).tree[place.node].lastChild;
+  return last != 0 ? NodeAccess::make(shared(owner_), last) : firstText(shared(owner_), place);
 }
 
 Node Node::nextSibling() const {
-  return NodeAccess::make(shared(owner_), NodeAccess::raw(*this)->next);
+  const Place place = NodeAccess::place(*this);
+  const Entry& entry = shared(owner_).tree[place.node];
+  return NodeAccess::make(shared(owner_), place.isText ? entry.firstChild : entry.next);
 }
 
 std::wstring Node::text() const {
   std::wstring wide;
   readText([&](auto content) {
-    if constexpr (std::is_same_v<decltype(content), std::wstring_view>) {
-      wide = content;
-    } else {
+    if constexpr (std::is_same_v<decltype(content), std::string_view>) {
       wide = text::fromUtf8(content);
     }
   });
@@ -148,28 +153,29 @@ std::wstring Node::text() const {
 
 void Node::readTextWith(void* reader, void (*utf8)(void*, std::string_view),
                         void (*)(void*, std::wstring_view)) const {
-  const xmlNodePtr node = NodeAccess::raw(*this);
-  if (const xmlChar* content = onlyText(node); content != nullptr) {
-    utf8(reader, asChars(content));
-    return;
+  const Place place = NodeAccess::place(*this);
+  const Tree& tree = shared(owner_).tree;
+  const Index node = place.node == 0 ? tree.documentElement() : place.node;
+  const Index child = place.isText ? 0 : tree[node].firstChild;
+  if (tree[node].kind() == Kind::declaration) {
+    utf8(reader, tree.names.uriOf(tree.nameOf(node).uri));
+  } else if (child == 0) {
+    utf8(reader, tree.textOf(node));
+  } else if (!tree[node].hasText() && tree[child].next == 0 &&
+             isCharacterData(tree[child].kind())) {
+    utf8(reader, tree.textOf(child));
+  } else {
+    utf8(reader, collectedText(tree, node));
   }
-  const MemoryWatch watch;
-  const XmlText collected(xmlNodeGetContent(contentRoot(node)));
-  watch.check();
-  utf8(reader, asChars(made(collected.get())));
 }
 
 Document Document::create() {
-  initialiseLibrary();
-  const MemoryWatch watch;
-  auto owner = std::make_unique<SharedDocument>(Tree(made(xmlNewDoc(asXml("1.0")))));
-  watch.check();
-  return NodeAccess::makeDocument(owner.release());
+  return NodeAccess::makeDocument(*std::make_unique<SharedDocument>().release());
 }
 
 Node Document::documentElement() const {
-  const xmlDocPtr document = NodeAccess::owner(*this).document.get();
-  return NodeAccess::make(shared(owner_), xmlDocGetRootElement(document));
+  SharedDocument& owner = NodeAccess::owner(*this);
+  return NodeAccess::make(owner, owner.tree.documentElement());
 }
 
 }  // namespace ktpnaips::xml

@@ -1,173 +1,184 @@
 #include <ktpnaips/platform/posix/xml_document.h>
-#include <ktpnaips/platform/posix/xml_memory.h>
 #include <ktpnaips/platform/runtime_fault.h>
 #include <ktpnaips/platform/xml.h>
+#include <ktpnaips/platform/xml_common.h>
 
-#include <array>
+#include <algorithm>
 #include <initializer_list>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
 
 namespace ktpnaips::xml {
 namespace {
 
-using NodeCopy = std::unique_ptr<xmlNode, FreeWith<xmlFreeNode>>;
-
-/// A copy of an element that stands in another one, declaring the namespaces that it has from
-/// around; nothing for what can be written where it is.
-NodeCopy partOfADocument(xmlNodePtr node) {
-  const bool isPart = node->type == XML_ELEMENT_NODE && node->parent != nullptr &&
-                      node->parent->type == XML_ELEMENT_NODE;
-  if (!isPart) return nullptr;
-  const MemoryWatch watch;
-  NodeCopy copy(made(xmlDocCopyNode(node, node->doc, 1)));
-  watch.check();
-  return copy;
-}
-
-/// Writes a tree, in the one form that all platforms send. Depth costs no stack.
+/// Writes a node with what it holds, in the one form that all platforms send: a prefix is declared
+/// where it was parsed, or else where it is first needed. A part of a document declares at its
+/// start what it has from around. Depth costs no stack.
 class Writer {
  public:
-  void write(const xmlNode* root) {
-    for (const xmlNode* node = root;;) {
+  Writer(const Tree& tree, Index top) : tree_(tree), top_(top) {}
+
+  std::string write() {
+    for (Index node = top_;;) {
       if (open(node)) {
-        node = node->children;
+        ++levels_;
+        node = tree_[node].firstChild;
         continue;
       }
-      while (node != root && node->next == nullptr) {
-        node = node->parent;
+      for (; node != top_ && tree_[node].next == 0; --levels_) {
+        node = tree_[node].parent;
         close(node);
       }
-      if (node == root) return;
-      node = node->next;
+      if (node == top_) break;
+      node = tree_[node].next;
     }
+    xml_.insert(endOfDeclarations_, fromAround_);
+    return std::move(xml_);
   }
 
-  std::string take() { return std::move(xml_); }
-
  private:
+  struct InScope {
+    std::string_view prefix;
+    Index uri;
+    Index element;
+  };
+
   void put(std::initializer_list<std::string_view> parts) {
     for (const auto part : parts) xml_ += part;
   }
 
   /// True when the node's children are to be written, then its end.
-  bool open(const xmlNode* node) {
-    switch (node->type) {
-      case XML_ELEMENT_NODE:
+  bool open(Index node) {
+    const std::string_view text = tree_.textOf(node);
+    switch (tree_[node].kind()) {
+      case Kind::element:
         return openElement(node);
-      case XML_ATTRIBUTE_NODE:
-        putAttribute(reinterpret_cast<const xmlAttr*>(node));  // NOLINT: DOM base
+      case Kind::attribute:
+        putAttribute(node);
         break;
-      case XML_TEXT_NODE:
-        escape(contentOf(node), false);
+      case Kind::declaration:
+        putDeclaration(xml_, tree_.nameOf(node).qualified, tree_.nameOf(node).uri);
         break;
-      case XML_CDATA_SECTION_NODE:
-        put({"<![CDATA[", asChars(contentOf(node)), "]]>"});
+      case Kind::data:
+        put({"<![CDATA[", text, "]]>"});
         break;
-      case XML_COMMENT_NODE:
-        put({"<!--", asChars(contentOf(node)), "-->"});
+      case Kind::comment:
+        put({"<!--", text, "-->"});
         break;
-      case XML_PI_NODE:
-        put({"<?", asChars(node->name), node->content != nullptr ? " " : "",
-             asChars(contentOf(node)), "?>"});
+      case Kind::instruction:
+        put({"<?", tree_.nameOf(node).qualified, tree_[node].hasText() ? " " : "", text, "?>"});
         break;
       default:
+        escape(xml_, text, false);
         break;
     }
     return false;
   }
 
-  bool openElement(const xmlNode* element) {
-    xml_ += '<';
-    putName(element->ns, element->name);
-    for (const xmlNs* each = element->nsDef; each != nullptr; each = each->next) {
-      xml_ += " xmlns";
-      if (each->prefix != nullptr) put({":", asChars(each->prefix)});
-      xml_ += "=\"";
-      if (each->href != nullptr) escape(each->href, true);
-      xml_ += '"';
-    }
-    for (const xmlAttr* each = element->properties; each != nullptr; each = each->next) {
+  bool openElement(Index element) {
+    if (levels_ == mostLevels) refuseDepth();
+    const Entry& entry = tree_[element];
+    put({"<", tree_.nameOf(element).qualified});
+    declareAll(element);
+    for (Index each = entry.firstAttribute; each != 0; each = tree_[each].next) {
+      if (tree_[each].kind() != Kind::attribute) continue;
       xml_ += ' ';
       putAttribute(each);
     }
-    xml_ += element->children != nullptr ? ">" : "/>";
-    return element->children != nullptr;
+    const bool isEmpty = !entry.hasText() && entry.firstChild == 0;
+    xml_ += isEmpty ? "/>" : ">";
+    escape(xml_, tree_.textOf(element), false);
+    if (entry.firstChild != 0) return true;
+    if (!isEmpty) put({"</", tree_.nameOf(element).qualified, ">"});
+    leave(element);
+    return false;
   }
 
-  void close(const xmlNode* element) {
-    xml_ += "</";
-    putName(element->ns, element->name);
-    xml_ += '>';
+  void close(Index element) {
+    put({"</", tree_.nameOf(element).qualified, ">"});
+    leave(element);
   }
 
-  void putName(const xmlNs* space, const xmlChar* name) {
-    if (space != nullptr && space->prefix != nullptr) put({asChars(space->prefix), ":"});
-    xml_ += asChars(name);
+  void leave(Index element) {
+    while (!inScope_.empty() && inScope_.back().element == element) inScope_.pop_back();
   }
 
-  void putAttribute(const xmlAttr* attribute) {
-    putName(attribute->ns, attribute->name);
-    xml_ += "=\"";
-    for (const xmlNode* part = attribute->children; part != nullptr; part = part->next) {
-      if (part->type == XML_TEXT_NODE) escape(contentOf(part), true);
+  /// What the element declares, then what it has to.
+  void declareAll(Index element) {
+    const Index first = tree_[element].firstAttribute;
+    for (Index each = first; each != 0; each = tree_[each].next) {
+      const Name& name = tree_.nameOf(each);
+      if (tree_[each].kind() == Kind::declaration) declare(name.qualified, name.uri, element);
     }
+    if (element == top_) endOfDeclarations_ = xml_.size();
+    const Name& name = tree_.nameOf(element);
+    const Name& around = tree_.nameOf(tree_[element].parent);
+    const bool isAsAround =
+        element != top_ && name.uri == around.uri && name.prefix() == around.prefix();
+    if (!isAsAround) require(name, element);
+    for (Index each = first; each != 0; each = tree_[each].next) {
+      const bool mayNeedIt =
+          tree_[each].kind() == Kind::attribute && tree_.nameOf(each).hasPrefix();
+      if (mayNeedIt) require(tree_.nameOf(each), element);
+    }
+  }
+
+  /// Declares a name's prefix unless it is.
+  void require(const Name& name, Index element) {
+    const std::string_view prefix = name.prefix();
+    if (prefix == "xml") return;
+    const auto around =
+        std::find_if(inScope_.rbegin(), inScope_.rend(),
+                     [prefix](const InScope& each) { return each.prefix == prefix; });
+    if (around != inScope_.rend()) {
+      if (around->uri != name.uri) declare(prefix, name.uri, element);
+      return;
+    }
+    const bool isNone = prefix.empty() && name.uri == 0;
+    if (!isNone && tree_.lookUp(prefix, tree_[top_].parent) != name.uri) {
+      declare(prefix, name.uri, element);
+      return;
+    }
+    inScope_.insert(inScope_.begin(), {prefix, name.uri, top_});
+    if (!isNone) putDeclaration(fromAround_ += ' ', prefix, name.uri);
+  }
+
+  void declare(std::string_view prefix, Index uri, Index element) {
+    inScope_.push_back({prefix, uri, element});
+    putDeclaration(xml_ += ' ', prefix, uri);
+  }
+
+  void putDeclaration(std::string& to, std::string_view prefix, Index uri) {
+    to.append(prefix.empty() ? "xmlns" : "xmlns:").append(prefix).append("=\"");
+    escape<char>(to, tree_.names.uriOf(uri), true);
+    to += '"';
+  }
+
+  void putAttribute(Index attribute) {
+    put({tree_.nameOf(attribute).qualified, "=\""});
+    escape(xml_, tree_.textOf(attribute), true);
     xml_ += '"';
   }
 
-  void escape(const xmlChar* text, bool inAttribute) {
-    const char* written = asChars(text);
-    const char* at = written;
-    for (; *at != '\0'; ++at) {
-      const bool isSpecial = *at == '&' || *at == '<' || *at == '>' || *at == '\r' ||
-                             (inAttribute && (*at == '"' || *at == '\n' || *at == '\t'));
-      if (!isSpecial) continue;
-      xml_.append(written, at);
-      xml_ += reference(*at);
-      written = at + 1;
-    }
-    xml_.append(written, at);
-  }
-
-  static const xmlChar* contentOf(const xmlNode* text) {
-    return text->content != nullptr ? text->content : asXml("");
-  }
-
-  static std::string_view reference(char c) {
-    switch (c) {
-      case '&':
-        return "&amp;";
-      case '<':
-        return "&lt;";
-      case '>':
-        return "&gt;";
-      case '"':
-        return "&quot;";
-      case '\t':
-        return "&#9;";
-      case '\n':
-        return "&#10;";
-      default:
-        return "&#13;";
-    }
-  }
-
+  const Tree& tree_;
+  Index top_;
+  std::size_t levels_ = 0;
   std::string xml_;
+  std::vector<InScope> inScope_;
+  std::size_t endOfDeclarations_ = 0;  ///< those of the first element
+  std::string fromAround_;             ///< what it declares for the part
 };
 
 }  // namespace
 
 std::string Node::serialise() const {
-  if (NodeAccess::owner(*this).hasForbiddenCharacters) throw RuntimeFault(fault::invalidCall);
-  xmlNodePtr root = NodeAccess::raw(*this);
-  if (root->type == XML_DOCUMENT_NODE) root = xmlDocGetRootElement(root->doc);
-  if (root == nullptr) return {};
-  const NodeCopy part = partOfADocument(root);
-  Writer writer;
-  writer.write(part != nullptr ? part.get() : root);
-  return writer.take();
+  const SharedDocument& document = NodeAccess::owner(*this);
+  if (document.hasForbiddenCharacters) throw RuntimeFault(fault::invalidCall);
+  const Place place = NodeAccess::place(*this);
+  const Index top = place.node == 0 ? document.tree.documentElement() : place.node;
+  if (top == 0) return {};
+  if (!place.isText) return Writer(document.tree, top).write();
+  std::string xml;
+  escape(xml, document.tree.textOf(top), false);
+  return xml;
 }
 
 }  // namespace ktpnaips::xml

@@ -147,6 +147,12 @@ Document Document::parse(const std::string& text, ParseFailure* failure) {
   return handleOn(std::move(document));
 }
 
+Document Document::parseInPlace(std::string& text, ParseFailure* failure) {
+  Document document = parse(text, failure);
+  if (document) std::string().swap(text);
+  return document;
+}
+
 Node Document::documentElement() const {
   SharedDocument& owner = NodeAccess::owner(*this);
   com::ComPtr<IXMLDOMElement> element;
