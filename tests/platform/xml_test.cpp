@@ -99,6 +99,50 @@ TEST(XmlDocument, TakesMoreAfterItWasParsed) {
             "<a y=\"2\" x=\"5\"><b><e/></b><p:c xmlns:p=\"urn:p\">text<p:d z=\"3\"/></p:c></a>");
 }
 
+TEST(XmlDocument, TakesNoPrefixForNoNamespace) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"p:a", L"", L"");
+  EXPECT_EQ(root.name(), L"a");
+  root.setAttribute(L"p:x", L"", L"1");
+  EXPECT_EQ(root.attribute(L"x"), L"1");
+  root.appendElement(L"p:b", L"urn:p", L"").appendElement(L"p:c", L"", L"2");
+  EXPECT_EQ(document.serialise(), "<a x=\"1\"><p:b xmlns:p=\"urn:p\"><c>2</c></p:b></a>");
+}
+
+TEST(XmlDocument, LeavesTheDefaultNamespaceForAnElementOfNone) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"a", L"urn:a", L"");
+  root.appendElement(L"b", L"", L"").appendElement(L"c", L"", L"");
+  root.appendElement(L"p:d", L"", L"");
+  root.appendElement(L"e", L"urn:a", L"");
+  EXPECT_EQ(document.serialise(),
+            "<a xmlns=\"urn:a\"><b xmlns=\"\"><c/></b><d xmlns=\"\"/><e/></a>");
+  const Node again = rootOf(document.serialise());
+  EXPECT_EQ(again.firstChild().namespaceUri(), L"");
+  EXPECT_EQ(again.lastChild().namespaceUri(), L"urn:a");
+}
+
+TEST(XmlDocument, DeclaresAPrefixAnewWhereItStandsForSomethingElse) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"p:a", L"urn:1", L"");
+  const Node inner = root.appendElement(L"b", L"", L"");
+  inner.appendElement(L"p:c", L"urn:1", L"");
+  inner.setAttribute(L"p:x", L"urn:2", L"");
+  EXPECT_EQ(
+      document.serialise(),
+      "<p:a xmlns:p=\"urn:1\"><b xmlns:p=\"urn:2\" p:x=\"\"><p:c xmlns:p=\"urn:1\"/></b></p:a>");
+}
+
+TEST(XmlDocument, IsWrittenUpToAThousandLevels) {
+  const Document document = Document::create();
+  Node inner = document.appendElement(L"a", L"", L"");
+  for (int i = 1; i < 1000; ++i) inner = inner.appendElement(L"a", L"", L"");
+  EXPECT_EQ(document.serialise().size(), 999 * 7U + 4);
+  const Node tooDeep = inner.appendElement(L"a", L"", L"");
+  EXPECT_EQ(test::faultOf([&] { (void)document.serialise(); }), fault::invalidCall);
+  EXPECT_EQ(inner.serialise(), "<a><a/></a>");
+}
+
 TEST(XmlDocument, IsItsOwnOwner) {
   const Document document = Document::create();
   const Node root = document.appendElement(L"a", L"", L"");
@@ -200,6 +244,21 @@ TEST(XmlNode, TakesNoElementUnderAnInvalidName) {
   EXPECT_EQ(document.serialise(), "<a/>");
 }
 
+TEST(XmlNode, TakesNoNameThatNamespacesReserve) {
+  const std::wstring xmlNamespace = L"http://www.w3.org/XML/1998/namespace";
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"a", L"", L"");
+  const std::pair<std::wstring, std::wstring> names[] = {
+      {L"xmlns", L""},      {L"xmlns", L"urn:x"}, {L"xmlns:p", L"urn:x"},
+      {L"xml:p", L"urn:x"}, {L"xml:p", L""},      {L"p:a", xmlNamespace},
+  };
+  for (const auto& each : names) {
+    EXPECT_LT(test::faultOf([&] { root.appendElement(each.first, each.second, L""); }), 0);
+    EXPECT_LT(test::faultOf([&] { root.setAttribute(each.first, each.second, L""); }), 0);
+  }
+  EXPECT_EQ(document.serialise(), "<a/>");
+}
+
 TEST(XmlNode, TakesNoElementUnderText) {
   const Node text = rootOf("<a>text</a>").firstChild();
   EXPECT_NE(test::faultOf([&] { text.appendElement(L"b", L"", L""); }), 0);
@@ -221,6 +280,51 @@ TEST(XmlAttribute, ReplacesOneOfTheSameName) {
   root.setAttribute(L"x", L"urn:n", L"1");
   root.setAttribute(L"x", L"urn:n", L"2");
   EXPECT_EQ(document.serialise(), "<a x=\"2\"/>");
+}
+
+TEST(XmlAttribute, ReplacesOneOfTheSameNameWhateverItsNamespace) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"a", L"", L"");
+  root.setAttribute(L"x", L"", L"1");
+  root.setAttribute(L"x", L"urn:n", L"2");
+  root.setAttribute(L"p:x", L"urn:1", L"3");
+  root.setAttribute(L"p:x", L"urn:2", L"4");
+  EXPECT_EQ(document.serialise(), "<a xmlns:p=\"urn:2\" x=\"2\" p:x=\"4\"/>");
+  root.setAttribute(L"x", L"", L"5");
+  EXPECT_EQ(document.serialise(), "<a xmlns:p=\"urn:2\" p:x=\"4\" x=\"5\"/>");
+}
+
+TEST(XmlAttribute, ReplacesOneOfTheSameNamespaceUnderAnotherPrefix) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"a", L"", L"");
+  root.setAttribute(L"p:x", L"urn:1", L"1");
+  root.setAttribute(L"q:x", L"urn:1", L"2");
+  EXPECT_EQ(document.serialise(), "<a xmlns:q=\"urn:1\" q:x=\"2\"/>");
+}
+
+TEST(XmlAttribute, CannotUseThePrefixOfItsElementForAnotherNamespace) {
+  const Document document = Document::create();
+  const Node root = document.appendElement(L"p:a", L"urn:1", L"");
+  const Node inner = root.appendElement(L"p:b", L"urn:1", L"");
+  EXPECT_LT(test::faultOf([&] { root.setAttribute(L"p:x", L"urn:2", L""); }), 0);
+  EXPECT_LT(test::faultOf([&] { inner.setAttribute(L"p:x", L"urn:2", L""); }), 0);
+  inner.setAttribute(L"q:x", L"urn:1", L"");
+  EXPECT_LT(test::faultOf([&] { inner.setAttribute(L"q:y", L"urn:2", L""); }), 0);
+  EXPECT_EQ(document.serialise(), "<p:a xmlns:p=\"urn:1\"><p:b xmlns:q=\"urn:1\" q:x=\"\"/></p:a>");
+}
+
+TEST(XmlAttribute, KeepsItsValueWhenItIsReplaced) {
+  const Document document = parsed("<a b='1' c='2'/>");
+  const Node root = document.documentElement();
+  for (const char* expression : {"@b", "@*[.='1']"}) {
+    root.setAttribute(L"b", L"", L"1");
+    const Node old = root.select(expression);
+    root.setAttribute(L"b", L"", L"3");
+    EXPECT_EQ(old.text(), L"1") << expression;
+    EXPECT_EQ(old.name(), L"b") << expression;
+    EXPECT_EQ(root.attribute(L"b"), L"3");
+  }
+  EXPECT_EQ(document.serialise(), "<a c=\"2\" b=\"3\"/>");
 }
 
 TEST(XmlAttribute, CarriesAnyText) {
@@ -348,6 +452,40 @@ TEST_F(XmlSelection, SelectsByPredicatesAndAttributes) {
   EXPECT_EQ(other.documentElement().select("p[@t='2']").text(), L"x");
   EXPECT_EQ(textsOf(other.documentElement().selectAll("p/@t")),
             (std::vector<std::wstring>{L"1", L"2"}));
+}
+
+TEST_F(XmlSelection, SelectsAttributesByPath) {
+  const Document other = parsed("<r xmlns:x='urn:n'><p t='1' x:t='2'/><p x:t='3' t='4'/></r>");
+  other.bindPrefixes(L"xmlns:n='urn:n'");
+  const Node from = other.documentElement();
+  for (const std::string before : {"", "./"}) {
+    EXPECT_EQ(textsOf(from.selectAll(before + "p/@t")), (std::vector<std::wstring>{L"1", L"4"}));
+    EXPECT_EQ(textsOf(from.selectAll(before + "p/@n:t")), (std::vector<std::wstring>{L"2", L"3"}));
+    EXPECT_EQ(from.firstChild().select(before + "@t"), from.select(before + "p/@t"));
+    EXPECT_FALSE(from.select(before + "@t"));
+    EXPECT_FALSE(from.select(before + "p/@xmlns"));
+    EXPECT_FALSE(from.select(before + "@t/p"));
+  }
+}
+
+TEST_F(XmlSelection, GivesTheSameNodesByPathAndByExpression) {
+  for (const Node& node : root.selectAll("n:a | n:a/n:b | o:a | n:a/text() | //comment()")) {
+    EXPECT_TRUE(node.ownerDocument() == document);
+  }
+  EXPECT_EQ(root.select("n:a"), root.select("*[1]"));
+  EXPECT_EQ(root.select("n:a").firstChild(), root.select("n:a/text()"));
+  EXPECT_EQ(root.select(".."), document);
+  EXPECT_EQ(root.firstChild().firstChild().select("following-sibling::n:b").text(), L"2");
+  EXPECT_EQ(root.firstChild().firstChild().select(".."), root.firstChild());
+}
+
+TEST_F(XmlSelection, SeesWhatWasAddedSince) {
+  EXPECT_FALSE(root.select("*[@new]"));
+  root.firstChild().setAttribute(L"new", L"", L"1");
+  EXPECT_EQ(root.select("*[@new]"), root.firstChild());
+  root.appendElement(L"n:c", L"urn:n", L"text").setAttribute(L"o:d", L"urn:o", L"2");
+  EXPECT_EQ(root.select("n:c[@o:d='2']").text(), L"text");
+  EXPECT_EQ(root.select("*[last()]/@*").text(), L"2");
 }
 
 TEST_F(XmlSelection, StartsAtTheDocumentForAnAbsolutePath) {

@@ -46,6 +46,8 @@ DOMNodeType typeOf(IXMLDOMNode* node);
 NativeNode firstChildOf(IXMLDOMNode* node);
 NativeNode nextSiblingOf(IXMLDOMNode* node);
 std::wstring nameOf(IXMLDOMNode* node);
+/// The name without its prefix.
+std::wstring localNameOf(IXMLDOMNode* node);
 std::wstring namespaceOf(IXMLDOMNode* node);
 /// Text, comments and attributes have a value.
 com::Variant valueOf(IXMLDOMNode* node);

@@ -2,6 +2,7 @@
 #include <ktpnaips/platform/text.h>
 #include <ktpnaips/platform/windows/xml_document.h>
 #include <ktpnaips/platform/xml_characters.h>
+#include <ktpnaips/platform/xml_common.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -12,29 +13,12 @@
 namespace ktpnaips::xml {
 namespace {
 
-// What MSXML answers to the same; not every implementation of its interfaces does.
-constexpr auto invalidName = static_cast<std::int32_t>(0xC00CE504U);
-constexpr auto secondDocumentElement = static_cast<std::int32_t>(0xC00CE556U);
-constexpr auto notAParent = static_cast<std::int32_t>(0x80004005U);
-
 SharedDocument* shared(void* owner) noexcept {
   return static_cast<SharedDocument*>(owner);
 }
 
 IXMLDOMNode* native(void* node) noexcept {
   return static_cast<IXMLDOMNode*>(node);
-}
-
-void retain(void* owner, void* node) noexcept {
-  if (owner != nullptr) shared(owner)->references.fetch_add(1, std::memory_order_relaxed);
-  NativeNode::share(native(node)).detach();
-}
-
-void release(void* owner, void* node) noexcept {
-  NativeNode::attach(native(node));
-  if (owner != nullptr && shared(owner)->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    delete shared(owner);
-  }
 }
 
 /// The text for the tree; what XML does not allow is replaced and remembered, so that serialising
@@ -48,13 +32,10 @@ com::Bstr treeText(SharedDocument& owner, std::wstring_view text) {
 
 NativeNode makeNode(SharedDocument& owner, DOMNodeType type, std::wstring_view qualifiedName,
                     std::wstring_view namespaceUri) {
-  if (!isQualifiedName(qualifiedName)) {
-    throw RuntimeFault(
-        invalidName, L"The name \"" + std::wstring(qualifiedName) + L"\" is not a valid XML name.");
-  }
+  if (!isQualifiedName(qualifiedName)) refuseName(qualifiedName);
   NativeNode node;
   com::check(owner.document->createNode(com::Variant(static_cast<std::int32_t>(type)).get(),
-                                        com::Bstr(qualifiedName).get(),
+                                        com::Bstr(nameWithin(namespaceUri, qualifiedName)).get(),
                                         treeText(owner, namespaceUri).get(), node.put()));
   return node;
 }
@@ -67,16 +48,11 @@ void appendText(SharedDocument& owner, IXMLDOMNode* element, std::wstring_view t
 
 void requireParent(SharedDocument& owner, IXMLDOMNode* parent) {
   const DOMNodeType type = typeOf(parent);
-  if (type != NODE_DOCUMENT && type != NODE_ELEMENT) {
-    throw RuntimeFault(notAParent, L"Only an element or a document can hold an element.");
-  }
+  if (type != NODE_DOCUMENT && type != NODE_ELEMENT) refuseParent();
   if (type == NODE_ELEMENT) return;
   com::ComPtr<IXMLDOMElement> root;
   com::check(owner.document->get_documentElement(root.put()));
-  if (root) {
-    throw RuntimeFault(secondDocumentElement,
-                       L"Only one top level element is allowed in an XML document.");
-  }
+  if (root) refuseSecondDocumentElement();
 }
 
 com::ComPtr<IXMLDOMElement> asElement(const Node& node) {
@@ -89,6 +65,52 @@ com::ComPtr<IXMLDOMNamedNodeMap> attributesOf(IXMLDOMNode* element) {
   com::ComPtr<IXMLDOMNamedNodeMap> attributes;
   com::check(element->get_attributes(attributes.put()));
   return attributes;
+}
+
+std::wstring_view prefixOf(std::wstring_view qualifiedName) {
+  const auto colon = qualifiedName.find(L':');
+  return colon == std::wstring_view::npos ? std::wstring_view() : qualifiedName.substr(0, colon);
+}
+
+/// True when no element can have both attributes.
+bool excludes(IXMLDOMNode* one, IXMLDOMNode* other) {
+  const std::wstring name = nameOf(one);
+  const std::wstring otherName = nameOf(other);
+  if (name == otherName) return true;
+  const bool havePrefixes = !prefixOf(name).empty() && !prefixOf(otherName).empty();
+  return havePrefixes && namespaceOf(one) == namespaceOf(other) &&
+         localNameOf(one) == localNameOf(other);
+}
+
+/// True when the node uses the prefix of the attribute's name for another namespace.
+bool contradicts(IXMLDOMNode* attribute, IXMLDOMNode* node) {
+  const std::wstring prefix(prefixOf(nameOf(attribute)));
+  const std::wstring name = nameOf(node);
+  if (prefix.empty()) return false;
+  if (name == L"xmlns:" + prefix) return valueOf(node).view() != namespaceOf(attribute);
+  return prefixOf(name) == prefix && namespaceOf(node) != namespaceOf(attribute);
+}
+
+/// Takes out the attributes that cannot stand beside another one.
+void makeRoomFor(IXMLDOMNode* attribute, IXMLDOMNode* element) {
+  if (contradicts(attribute, element)) refusePrefix();
+  const auto attributes = attributesOf(element);
+  std::vector<NativeNode> excluded;
+  for (NativeNode each; attributes->nextNode(each.put()) == S_OK;) {
+    if (excludes(attribute, each.get())) {
+      excluded.push_back(each);
+    } else if (contradicts(attribute, each.get())) {
+      refusePrefix();
+    }
+  }
+  for (const NativeNode& each : excluded) {
+    const std::wstring uri = namespaceOf(each.get());
+    const com::Bstr name(localNameOf(each.get()));
+    NativeNode removed;  // Wine frees an attribute that nobody takes, even when handles are left
+    com::check(uri.empty() ? attributes->removeNamedItem(name.get(), removed.put())
+                           : attributes->removeQualifiedItem(name.get(), com::Bstr(uri).get(),
+                                                             removed.put()));
+  }
 }
 
 /// The value of an attribute that its element does not find by name because it is in a namespace.
@@ -144,23 +166,48 @@ std::size_t siblingsBefore(NativeNode node) {
   return count;
 }
 
+/// For an attribute the element that has it, which is none's parent.
+NativeNode parentOf(IXMLDOMNode* node) {
+  NativeNode parent;
+  if (typeOf(node) == NODE_ATTRIBUTE) {
+    com::check(node->selectSingleNode(com::Bstr(L"..").get(), parent.put()));
+  } else {
+    com::check(node->get_parentNode(parent.put()));
+  }
+  return parent;
+}
+
+bool standAlike(const NativeNode& one, const NativeNode& other) {
+  const DOMNodeType type = typeOf(one.get());
+  if (type != typeOf(other.get())) return false;
+  if (type != NODE_ATTRIBUTE) return siblingsBefore(one) == siblingsBefore(other);
+  return nameOf(one.get()) == nameOf(other.get()) && parentOf(one.get());
+}
+
 /// True for nodes at the same place of one document.
 bool standTogether(NativeNode one, NativeNode other) {
   while (one && other) {
     if (one.get() == other.get()) return true;
-    const DOMNodeType type = typeOf(one.get());
-    if (type == NODE_ATTRIBUTE || type != typeOf(other.get())) return false;
-    if (siblingsBefore(one) != siblingsBefore(other)) return false;
-    NativeNode parent;
-    com::check(one->get_parentNode(parent.put()));
-    one = std::move(parent);
-    com::check(other->get_parentNode(parent.put()));
-    other = std::move(parent);
+    if (!standAlike(one, other)) return false;
+    one = parentOf(one.get());
+    other = parentOf(other.get());
   }
   return !one && !other;
 }
 
 }  // namespace
+
+void retain(void* owner, void* node) noexcept {
+  if (owner != nullptr) shared(owner)->references.fetch_add(1, std::memory_order_relaxed);
+  NativeNode::share(native(node)).detach();
+}
+
+void release(void* owner, void* node) noexcept {
+  NativeNode::attach(native(node));
+  if (owner != nullptr && shared(owner)->references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    delete shared(owner);
+  }
+}
 
 Node NodeAccess::make(SharedDocument& owner, NativeNode node) {
   if (!node) return {};
@@ -211,6 +258,12 @@ std::wstring nameOf(IXMLDOMNode* node) {
   return std::wstring(name.view());
 }
 
+std::wstring localNameOf(IXMLDOMNode* node) {
+  com::Bstr name;
+  com::check(node->get_baseName(name.put()));
+  return std::wstring(name.view());
+}
+
 std::wstring namespaceOf(IXMLDOMNode* node) {
   com::Bstr uri;
   com::check(node->get_namespaceURI(uri.put()));
@@ -221,27 +274,6 @@ com::Variant valueOf(IXMLDOMNode* node) {
   com::Variant value;
   com::check(node->get_nodeValue(value.put()));
   return value;
-}
-
-Node::Node(const Node& other) noexcept : owner_(other.owner_), node_(other.node_) {
-  retain(owner_, node_);
-}
-
-Node::Node(Node&& other) noexcept
-    : owner_(std::exchange(other.owner_, nullptr)), node_(std::exchange(other.node_, nullptr)) {}
-
-Node& Node::operator=(const Node& other) noexcept {
-  return *this = Node(other);
-}
-
-Node& Node::operator=(Node&& other) noexcept {
-  std::swap(owner_, other.owner_);
-  std::swap(node_, other.node_);
-  return *this;
-}
-
-Node::~Node() {
-  release(owner_, node_);
 }
 
 // One node may have several DOM objects.
@@ -302,6 +334,7 @@ Node Node::setAttribute(std::wstring_view qualifiedName, std::wstring_view names
   SharedDocument& owner = NodeAccess::owner(*this);
   NativeNode attribute = makeNode(owner, NODE_ATTRIBUTE, qualifiedName, namespaceUri);
   com::check(attribute->put_nodeValue(com::Variant(treeText(owner, value).view()).get()));
+  makeRoomFor(attribute.get(), element.get());
   com::check(attributesOf(element.get())->setNamedItem(attribute.get(), nullptr));
   return NodeAccess::make(owner, std::move(attribute));
 }

@@ -1,4 +1,5 @@
 #include <ktpnaips/platform/windows/xml_document.h>
+#include <ktpnaips/platform/xml_common.h>
 
 #include <algorithm>
 #include <initializer_list>
@@ -34,7 +35,7 @@ class Writer {
         writeAttribute(nameOf(node), valueOf(node).view());
         break;
       case NODE_TEXT:
-        escape(valueOf(node).view(), false);
+        escape(xml_, valueOf(node).view(), false);
         break;
       case NODE_CDATA_SECTION:
         put({L"<![CDATA[", valueOf(node).view(), L"]]>"});
@@ -64,6 +65,7 @@ class Writer {
   }
 
   void writeElement(IXMLDOMNode* element) {
+    if (++levels_ > mostLevels) refuseDepth();
     const std::size_t outerScope = inScope_.size();
     const std::wstring name = nameOf(element);
     put({L"<", name});
@@ -77,6 +79,7 @@ class Writer {
       put({L"/>"});
     }
     inScope_.resize(outerScope);
+    --levels_;
   }
 
   /// The declarations first, then all other attributes.
@@ -106,7 +109,7 @@ class Writer {
 
   void writeAttribute(std::wstring_view name, std::wstring_view value) {
     put({name, L"=\""});
-    escape(value, true);
+    escape(xml_, value, true);
     put({L"\""});
   }
 
@@ -120,36 +123,8 @@ class Writer {
     inScope_.push_back(std::move(declaration));
   }
 
-  void escape(std::wstring_view text, bool inAttribute) {
-    const std::wstring_view special = inAttribute ? L"&<>\r\"\n\t" : L"&<>\r";
-    while (!text.empty()) {
-      const auto at = std::min(text.find_first_of(special), text.size());
-      xml_ += text.substr(0, at);
-      if (at < text.size()) xml_ += reference(text[at]);
-      text.remove_prefix(std::min(at + 1, text.size()));
-    }
-  }
-
-  static std::wstring_view reference(wchar_t c) {
-    switch (c) {
-      case L'&':
-        return L"&amp;";
-      case L'<':
-        return L"&lt;";
-      case L'>':
-        return L"&gt;";
-      case L'"':
-        return L"&quot;";
-      case L'\t':
-        return L"&#9;";
-      case L'\n':
-        return L"&#10;";
-      default:
-        return L"&#13;";
-    }
-  }
-
   std::wstring xml_;
+  std::size_t levels_ = 0;
   std::vector<Declaration> inScope_{{L"", L""}, {L"xml", L"http://www.w3.org/XML/1998/namespace"}};
 };
 
