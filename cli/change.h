@@ -8,21 +8,23 @@ namespace cli {
 
 /// What a person is told of a request that changes something at the service, by its outcome.
 struct Change {
+  const char* done;
   const char* notSent;
   const char* refused;
   const char* inDoubt;  ///< and how to look
 };
 
-inline constexpr Change filing{"The notification was not sent.", "The notification was refused.",
+inline constexpr Change filing{"The notification was filed.", "The notification was not sent.",
+                               "The notification was refused.",
                                "The notification may have been filed: look with \"naips flight "
                                "list\" before filing it again."};
 
 inline constexpr Change newBulletin{
-    "The bulletin was not asked for.", "The bulletin was refused.",
+    "The bulletin was made.", "The bulletin was not asked for.", "The bulletin was refused.",
     "The bulletin may have been made: look with \"naips spfib list\" before asking for it again."};
 
 inline constexpr Change newPassword{
-    "The new password was not sent.", "The new password was refused.",
+    "The password was changed.", "The new password was not sent.", "The new password was refused.",
     "The password may have been changed: look with \"naips account login\" which one counts."};
 
 /// What the request changes; nullptr for one that leaves everything as it is.
