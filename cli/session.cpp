@@ -2,6 +2,8 @@
 
 #include "cli/messages.h"
 #include "cli/out_folder.h"
+#include "cli/paths.h"
+#include "cli/secrets.h"
 #include "cli/text_output.h"
 #include "cli/usage_error.h"
 
@@ -11,6 +13,7 @@
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/naips_config.h>
 #include <ktpnaips/platform/interruption.h>
+#include <ktpnaips/platform/program_files.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
@@ -18,7 +21,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <optional>
 
 namespace cli {
@@ -41,6 +43,12 @@ std::string userOf(const GlobalOptions& options) {
   return options.simulate ? Simulation::documentedUser() : "";
 }
 
+void requireUser(const GlobalOptions& options) {
+  const bool isKnown =
+      options.dryRun || !userOf(options).empty() || options.requestUser.has_value();
+  if (!isKnown) throw UsageError("there is no user: give --user NAME, or set NAIPS_USER");
+}
+
 /// Asks the person at the terminal for the account of a proxy.
 std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host, int attempt) {
   ktpnaips::interruption::announce(nullptr);  // the proxy has passed nothing on
@@ -49,6 +57,7 @@ std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view h
   if (!user || user->empty()) return std::nullopt;
   const auto password = ktpnaips::terminal::askSecret("Password of the proxy: ");
   if (!password) return std::nullopt;
+  conceal(*password);
   return ktpnaips::ProxyCredentials{fromUtf8(*user), fromUtf8(*password)};
 }
 
@@ -88,8 +97,8 @@ Session::Session(const GlobalOptions& options) : options_(options) {
 
 Session::~Session() {
   if (untold_ != nullptr) {  // a failure ends the command, perhaps for want of memory
-    std::fputs(untold_, stderr);
-    std::fputs("\n", stderr);
+    writeMessage(untold_);
+    writeMessage("\n");
   }
   markTold();
   ktpnaips::setSendingObserver({});
@@ -102,11 +111,14 @@ void Session::start() {
   if (isStarted_) return;
   isStarted_ = true;
   options_.apply();
+  requireUser(options_);
   if (options_.out && !options_.dryRun) prepareOutFolder(*options_.out);
-  if (options_.simulate && !options_.dryRun) startSimulation();
+  const std::string secret = password();
+  conceal(secret);
+  if (options_.simulate && !options_.dryRun) startSimulation(secret);
   NAIPSConfig config;
   config.UserName(fromUtf8(userOf(options_)));
-  config.Password(fromUtf8(password()));
+  config.Password(fromUtf8(secret));
   if (!options_.dryRun) watchCalls();
 }
 
@@ -124,22 +136,37 @@ void Session::watchCalls() {
   });
 }
 
-void Session::startSimulation() {
+void Session::startSimulation(const std::string& password) {
   auto deployment = ktpnaips::Deployment::current();
-  simulation_ = std::make_unique<Simulation>(userOf(options_), password(),
-                                             toUtf8(deployment.schemaNamespace));
+  simulation_ =
+      std::make_unique<Simulation>(userOf(options_), password, toUtf8(deployment.schemaNamespace));
   deployment.connectTo = fromUtf8(simulation_->address());
   deployment.caFile = fromUtf8(simulation_->caFile());
   ktpnaips::Deployment::use(std::move(deployment));
 }
 
 std::string Session::password() const {
-  if (options_.passwordFile) return firstLine(*options_.passwordFile);
+  if (options_.passwordFile) {
+    warnOf(*options_.passwordFile);
+    return passwordIn(*options_.passwordFile);
+  }
   if (auto value = environment("NAIPS_PASSWORD")) return *std::move(value);
   if (options_.simulate) return Simulation::documentedPassword();
-  const bool isNeeded = !options_.dryRun && !options_.requestUser;
-  if (!isNeeded || !ktpnaips::terminal::canAsk()) return {};
-  return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
+  const bool isNeeded = !options_.dryRun && !options_.requestPasswordFile;
+  if (!isNeeded) return {};
+  std::optional<std::string> typed;
+  if (ktpnaips::terminal::canAsk()) typed = ktpnaips::terminal::askSecret("NAIPS password: ");
+  if (!typed || typed->empty()) {
+    throw UsageError(
+        "there is no password: give --password-file FILE, set NAIPS_PASSWORD, or call naips at a "
+        "terminal to be asked for it");
+  }
+  return *std::move(typed);
+}
+
+void Session::warnOf(const std::string& passwordFile) const {
+  if (!ktpnaips::files::isReadableByOthers(pathOf(passwordFile))) return;
+  remark(fmt::format("Other users can read the password in {0}: chmod 600 {0}", passwordFile));
 }
 
 std::string Session::summary(const ktpnaips::ResponseBase* response) const {
@@ -153,7 +180,8 @@ std::string Session::userName() const {
 void Session::setAccount(ktpnaips::AbstractRequest& request) const {
   if (options_.requestUser) request.User(fromUtf8(*options_.requestUser));
   if (options_.requestPasswordFile) {
-    request.Password(fromUtf8(firstLine(*options_.requestPasswordFile)));
+    request.Password(fromUtf8(passwordIn(*options_.requestPasswordFile)));
+    warnOf(*options_.requestPasswordFile);
   }
   if (options_.scope) request.Scope(fromUtf8(*options_.scope));
   if (options_.source) request.Source(fromUtf8(*options_.source));
@@ -164,7 +192,10 @@ void Session::remark(std::string_view text) const {
 }
 
 void Session::writeDocument(const ktpnaips::IAppendable& request) const {
-  printLine(ktpnaips::withMaskedPasswords(ktpnaips::requestDocument(request)));
+  const std::size_t before = failures_.size();
+  const std::string document = ktpnaips::requestDocument(request);
+  const bool isWhole = failures_.size() == before;
+  if (isWhole) printLine(ktpnaips::withMaskedPasswords(document));
 }
 
 std::wstring Session::kept(const std::wstring& file, const std::string& name) {
@@ -180,6 +211,7 @@ std::wstring Session::kept(const std::wstring& file, const std::string& name) {
 void Session::show(const ktpnaips::ResponseBase* response, const Json& properties,
                    const std::function<void()>& print) {
   hasError_ = isError(response);
+  if (!hasError_ && change_ != nullptr) done_ = change_->done;
   if (options_.json) {
     Json json = outcome(response, properties);
     json["Failures"] = failures_;
@@ -192,7 +224,6 @@ void Session::show(const ktpnaips::ResponseBase* response, const Json& propertie
       print();
       showChange(response);
     }
-    showFailures();
   }
   markTold();
 }
@@ -254,10 +285,7 @@ void Session::showOne(const ktpnaips::ResponseBase* response, const std::string&
 }
 
 void Session::finishEach(const std::vector<Json>& outcomes, const Json& properties) const {
-  if (!options_.json) {
-    showFailures();
-    return;
-  }
+  if (!options_.json) return;
   const auto hasFailed = [](const Json& each) { return each["Error"].get<bool>(); };
   const auto failed = std::ranges::count_if(outcomes, hasFailed);
   const auto first = std::ranges::find_if(outcomes, hasFailed);
@@ -274,7 +302,8 @@ void Session::finishEach(const std::vector<Json>& outcomes, const Json& properti
   printJson(json);
 }
 
-void Session::showFailures() const {
+void Session::finish() const {
+  if (options_.json) return;
   for (const auto& failure : failures_) complain(failure);
 }
 

@@ -103,8 +103,7 @@ class Session {
                const std::function<void()>& print);
   /// The JSON object of one response.
   [[nodiscard]] Json outcome(const ktpnaips::ResponseBase* response, const Json& properties) const;
-  /// Shows the outcomes of several requests as JSON, with what else there is to tell, and the
-  /// failures of all.
+  /// Shows the outcomes of several requests as JSON, with what else there is to tell.
   void finishEach(const std::vector<Json>& outcomes, const Json& properties = Json::object()) const;
 
   [[nodiscard]] const GlobalOptions& options() const { return options_; }
@@ -112,21 +111,26 @@ class Session {
   [[nodiscard]] std::string summary(const ktpnaips::ResponseBase* response) const;
   /// The account in whose name requests are made.
   [[nodiscard]] std::string userName() const;
+  /// Shows what else there is to tell when the command has ended.
+  void finish() const;
+  /// What has been done at the service; empty when nothing there was changed, or it is not known.
+  [[nodiscard]] std::string done() const { return done_; }
   /// What the process shall return.
   [[nodiscard]] ExitStatus exitStatus() const;
 
  private:
   void start();
-  void startSimulation();
+  void startSimulation(const std::string& password);
   void watchCalls();
   [[nodiscard]] std::string password() const;
+  /// Says so when others can read the file.
+  void warnOf(const std::string& passwordFile) const;
   void setAccount(ktpnaips::AbstractRequest& request) const;
   void writeDocument(const ktpnaips::IAppendable& request) const;
   /// Writes what went wrong, after the key of the request when it is one of several.
   void showError(const ktpnaips::ResponseBase* response, const std::string& key = {}) const;
   /// Writes what that means for what the request changes.
   void showChange(const ktpnaips::ResponseBase* response) const;
-  void showFailures() const;
   /// A person knows by now what became of the request.
   void markTold() noexcept;
 
@@ -161,6 +165,7 @@ class Session {
   Addressed addressed_;             // the last request
   const Change* change_ = nullptr;  // of the last request
   const char* untold_ = nullptr;    // what to say of a change that has begun to be sent
+  std::string done_;
   std::vector<std::string> failures_;
   bool isStarted_ = false;
   bool hasError_ = false;

@@ -142,6 +142,20 @@ class Gathering {
 
  private:
   static constexpr int patience = 2;
+  static constexpr std::size_t mostRequests = 300;
+
+  /// Cuts a list of what is asked for one by one to what a pack may send, and says so.
+  template <class Entry>
+  void keepWithinBound(std::vector<Entry>& list, const std::string& what) {
+    const std::size_t room = mostRequests - std::min(mostRequests, outcomes_.size());
+    if (list.size() <= room) return;
+    Answer answer;
+    answer.title = what;
+    fail(answer, fmt::format("{} of {} are left out: a pack sends {} requests at most.",
+                             list.size() - room, list.size(), mostRequests));
+    session_.remark(what + ": " + answer.reason);
+    list.erase(list.begin() + static_cast<std::ptrdiff_t>(room), list.end());
+  }
 
   /// Sends a request; the answer fails when the response does.
   template <class Request>
@@ -301,6 +315,7 @@ class Gathering {
         places.push_back(pack_.notams.back().location);
       }
     }
+    keepWithinBound(places, "NOTAM texts");
     progress_.expect(places.size());
     for (const std::string& place : places) askNotamTexts(*response, place);
   }
@@ -317,7 +332,9 @@ class Gathering {
   }
 
   void askRoutes() {
-    for (const CodedWay& coded : codedWays(pack_.flight)) {
+    auto ways = codedWays(pack_.flight);
+    keepWithinBound(ways, "Routes by code");
+    for (const CodedWay& coded : ways) {
       ktpnaips::GetRouteRqs request;
       fill(request, coded);
       Answer answer;
@@ -335,7 +352,8 @@ class Gathering {
 
   void askLocations() {
     // Routes by code may have brought names.
-    const auto names = locationNames(pack_.flight);
+    auto names = locationNames(pack_.flight);
+    keepWithinBound(names, "Coordinates");
     progress_.expect(names.size() - std::min(names.size(), expectedNames_));
     for (const std::string& name : names) pack_.locations[name] = askLocation(name);
     forEachPlace(pack_.flight, [&](Place& place) {
@@ -379,7 +397,8 @@ class Gathering {
   }
 
   void askLights() {
-    const auto days = lightDays();
+    auto days = lightDays();
+    keepWithinBound(days, "First and last light");
     progress_.expect(days.size());
     for (const auto& [place, day] : days) askLight(place, day);
   }
@@ -409,7 +428,9 @@ class Gathering {
   }
 
   void askRaim() {
-    for (const auto& locations : raimLocations(pack_.flight)) {
+    auto groups = raimLocations(pack_.flight);
+    keepWithinBound(groups, "RAIM predictions");
+    for (const auto& locations : groups) {
       ktpnaips::RAIMRqs request;
       fill(request, locations);
       askText(request, "RAIM prediction", pack_.raim.emplace_back());
@@ -426,6 +447,7 @@ class Gathering {
     for (const auto& each : *directory) {
       if (isWanted(*each, wanted_.charts)) chosen.push_back(each);
     }
+    keepWithinBound(chosen, "Charts");
     progress_.expect(chosen.size());
     for (const auto& each : chosen) askChart(*each);
   }
