@@ -207,7 +207,12 @@ TEST_F(SentCall, IsToldAgainWhenAProxyWantsAnAccountFirst) {
                                      "realm=\"p\"\r\nContent-Length: 0\r\nConnection: "
                                      "close\r\n\r\n");
                                },
-                               [](test::Peer& peer) { peer.readRequest(); }});
+                               [](test::Peer& peer) {
+                                 peer.readRequest();
+                                 peer.write(
+                                     "HTTP/1.1 500 No\r\nContent-Length: 0\r\nConnection: "
+                                     "close\r\n\r\n");
+                               }});
   const test::ScopedProxy use("127.0.0.1:" + std::to_string(proxy.port()));
   std::size_t toldBefore = 0;
   setProxyLogIn([&](std::wstring_view, int) {

@@ -111,7 +111,7 @@ bool holdsAddress(std::string_view entry, const std::vector<std::byte>& address)
   const auto wholeBytes = static_cast<std::ptrdiff_t>(whole);
   if (!std::equal(base.begin(), base.begin() + wholeBytes, address.begin())) return false;
   const std::size_t unused = 8 - bits % 8;
-  return unused == 8 || (base[whole] ^ address[whole]) >> unused == std::byte{};
+  return unused == 8 || ((base[whole] ^ address[whole]) >> unused) == std::byte{};
 }
 
 /// Whether the entry is the name, or a domain above it.
