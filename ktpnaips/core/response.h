@@ -39,9 +39,9 @@ class AbstractResponse {
 
 /// A call as the poster knows it before it looks into the answer.
 struct Posted {
-  std::string document;
-  Effect effect = Effect::reads;
-  bool hasSent = false;
+  std::string document;           ///< the request's, with its password
+  Effect effect = Effect::reads;  ///< what the request does at the service
+  bool hasSent = false;           ///< whether a part of it may have reached the service
 };
 
 /// A response that holds the four common values and what a program can act on; base of all response

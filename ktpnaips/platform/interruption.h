@@ -14,7 +14,7 @@ void announce(const char* line) noexcept;
 /// A file that an interruption removes, for as long as this lives. There is one at a time.
 class Removal {
  public:
-  explicit Removal(const std::filesystem::path& file);
+  explicit Removal(const std::filesystem::path& file);  ///< nothing is removed before
   ~Removal();
   Removal(const Removal&) = delete;
   Removal& operator=(const Removal&) = delete;

@@ -12,7 +12,7 @@ struct ProxyCredentials {
   std::wstring user;      ///< as the proxy knows it
   std::wstring password;  ///< to `user`
 
-  bool operator==(const ProxyCredentials&) const = default;
+  bool operator==(const ProxyCredentials&) const = default;  ///< the same account
 };
 
 /// Gives the account for the proxy with this host name, as a person does who is asked; nothing
