@@ -6,6 +6,7 @@
 #include "cli/help_text.h"
 #include "cli/messages.h"
 #include "cli/session.h"
+#include "cli/standard_output.h"
 #include "cli/usage_error.h"
 
 #include <fmt/format.h>
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -98,7 +100,12 @@ std::string problem(const CLI::App& app, const Understood& part, const CLI::Pars
 }
 
 int refuse(const CLI::App& app, const CLI::ParseError& error) {
-  if (error.get_exit_code() == 0) return app.exit(error);
+  if (error.get_exit_code() == 0) {  // help, or the version
+    std::ostringstream text;
+    app.exit(error, text, text);
+    writeOutput(text.str());
+    return success;
+  }
   const Understood part = understoodPart(app);
   complainOfError(problem(app, part, error));
   complain(fmt::format("Try \"{} --help\".", part.words));
@@ -111,9 +118,8 @@ void requireCombinable(const GlobalOptions& options) {
   }
 }
 
-}  // namespace
-
-int run(std::vector<std::string> arguments) {
+/// Runs the command line. Returns the exit status, and in `done` what has been done at the service.
+int answer(std::vector<std::string> arguments, std::string& done) {
   CLI::App app("Briefings and flight notifications from NAIPS", "naips");
   app.set_version_flag("--version", "naips " KTPNAIPS_VERSION);
   app.formatter(std::make_shared<HelpText>());
@@ -138,6 +144,8 @@ int run(std::vector<std::string> arguments) {
     requireCombinable(options);
     Session session(options);
     selected(session);
+    session.finish();
+    done = session.done();
     return session.exitStatus();
   } catch (const CLI::ParseError& error) {
     return refuse(app, error);
@@ -145,6 +153,18 @@ int run(std::vector<std::string> arguments) {
     complainOfError(error.what());
     return unusable;
   }
+}
+
+}  // namespace
+
+int run(std::vector<std::string> arguments) {
+  std::string done;
+  const int status = answer(std::move(arguments), done);
+  const std::string lost = finishOutput();
+  if (lost.empty()) return status;
+  complainOfError(fmt::format("the result could not be written to standard output: {}", lost));
+  if (!done.empty()) complain(done);
+  return internalFailure;
 }
 
 }  // namespace cli

@@ -5,86 +5,112 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
+#include <cstdint>
+#include <string_view>
 
 namespace cli {
+
+using ktpnaips::Outcome;
+using ktpnaips::ResponseBase;
+using ktpnaips::text::toUtf8;
+
 namespace {
 
-constexpr std::string_view networkSign = " call failed: ";
-constexpr std::wstring_view traceStart = L"\r\n\r\n+-+-+-+\r\nIn response to request:\r\n\r\n";
+// In these {} stands for where the request went.
 
-struct Summary {
-  std::string_view sign;
-  std::string_view sentence;
-};
+/// After a step of the network's that failed.
+std::string_view networkSentence(std::uint32_t code, bool isSent) {
+  switch (code) {
+    case 12002:
+      return isSent
+                 ? "{} did not answer in time; check the network."
+                 : "{} could not be reached in time; check the network, --host and --connect-to.";
+    case 12005:
+      return "The address of {} cannot be used; check --host and --connect-to.";
+    case 12007:
+      return "The host of {} is not known; check --host and the network.";
+    case 12029:
+      if (isSent) break;  // by a connection that was kept, before
+      return "{} could not be reached; check the network, --host and --connect-to.";
+    case 12037:
+    case 12038:
+    case 12045:
+    case 12057:
+    case 12175:
+      return "The certificate of {} is not trusted; check --host, and --ca-file if its issuer is "
+             "your own.";
+    case 12152:
+      if (!isSent) break;  // by a proxy
+      return "{} answered, but not as NAIPS does; check --host.";
+    default:
+      break;
+  }
+  return isSent ? "The connection to {} broke off before its answer was there."
+                : "No connection to {} came about; check the network, --host and --connect-to.";
+}
 
-constexpr std::string_view faulty =
-    "{} could not process the request and answered with a fault, which follows.";
-constexpr std::string_view untrusted =
-    "The certificate of {} is not trusted; check --host, and --ca-file if its issuer is your own.";
-constexpr std::string_view loggedOut =
-    "A proxy in front of {} wants an account; call naips at a terminal to be asked for it.";
+/// After an answer that is not the service's, or cannot be read.
+std::string_view answerSentence(const ResponseBase& response, const Addressed& to) {
+  if (response.outcome() == Outcome::notSent) {
+    return to.status == "407"
+               ? "A proxy in front of {} wants an account; call naips at a terminal to be asked "
+                 "for it."
+               : "A proxy in front of {} does not connect to it; what it says follows.";
+  }
+  if (response.ResponseDoc()) {
+    return "What {} answered is XML but not from NAIPS; check --host and --mode.";
+  }
+  if (to.status.empty()) return "There is no usable answer from {}.";
+  if (to.status == "200" && to.isXml) {
+    return "The answer of {} cannot be read; it may have been cut off.";
+  }
+  return "{} answered, but not as NAIPS does; check --host. Its answer follows.";
+}
 
-// The first sign found in the text decides. {} stands for where the request went.
-constexpr std::array summaries{
-    Summary{"NAIPS Error:", "{} refused the request; it says why below."},
-    Summary{"SOAP Fault Code:", faulty},
-    Summary{"SOAP Fault String:", faulty},
-    Summary{"SOAP Fault: Not a SOAP response",
-            "What {} answered is XML but not from NAIPS; check --host and --mode."},
-    Summary{"Dec: 12002\t", "{} did not answer in time; check the network, or try again later."},
-    Summary{"Dec: 12005\t", "The address of {} cannot be used; check --host and --connect-to."},
-    Summary{"Dec: 12007\t", "The host of {} is not known; check --host and the network."},
-    Summary{"Dec: 12045\t", untrusted},
-    Summary{"Dec: 12175\t", untrusted},
-    Summary{networkSign, "{} could not be reached; check the network, --host and --connect-to."},
-    Summary{"HTTP/1.1 407", loggedOut},
-    Summary{"HTTP/1.0 407", loggedOut},
-    Summary{"HTTP/1.", "{} answered, but not as NAIPS does; check --host. Its answer follows."},
-    Summary{"SOAP Fault: Unrecognised response.",
-            "The answer of {} cannot be read; it may have been cut off. Try again."},
-};
+std::string_view sentence(const ResponseBase* response, const Addressed& to) {
+  const Outcome outcome = outcomeOf(response);
+  switch (outcome) {
+    case Outcome::none:
+      return "Nothing was sent to {}: the request could not be made.";
+    case Outcome::refused:
+      return "{} refused the request; it says why below.";
+    case Outcome::fault:
+      return "{} could not process the request and answered with a fault, which follows.";
+    default:
+      break;
+  }
+  if (const auto code = response->errorCode()) {
+    return networkSentence(*code, outcome != Outcome::notSent);
+  }
+  return answerSentence(*response, to);
+}
 
-// How the text starts when the service itself has answered with a refusal or a fault.
-constexpr std::array<std::string_view, 5> verdicts{
-    "NAIPS Error:", "SOAP Fault Code:", "SOAP Fault String:", "Actor:", "Detail:"};
-
-/// As UTF-8. An answer may repeat the request, so passwords are masked in both parts.
-std::string shown(std::wstring_view text) {
-  return ktpnaips::withMaskedPasswords(ktpnaips::text::toUtf8(text));
+/// Whether the same request may have another answer next time, and does no harm.
+bool isWorthAnotherTry(const ResponseBase& response, const Addressed& to) {
+  if (response.outcome() != Outcome::unreadable || response.ResponseDoc()) return false;
+  const auto code = response.errorCode();
+  return code ? *code != 12152 : to.status == "200" && to.isXml;
 }
 
 }  // namespace
 
-ErrorText errorText(const ktpnaips::AbstractResponse* response) {
-  const std::wstring whole =
-      response != nullptr ? response->ErrorText() : std::wstring(L"No response set");
-  const auto end = whole.rfind(traceStart);
-  if (end == std::wstring::npos) return {shown(whole), {}};
-  const std::wstring_view view(whole);
-  return {shown(view.substr(0, end)), shown(view.substr(end + traceStart.size()))};
+Outcome outcomeOf(const ResponseBase* response) {
+  return response != nullptr ? response->outcome() : Outcome::none;
 }
 
-std::string summaryOf(std::string_view errorText, std::string_view service) {
-  for (const auto& [sign, sentence] : summaries) {
-    if (errorText.find(sign) != std::string_view::npos) {
-      return fmt::format(fmt::runtime(sentence), service);
-    }
-  }
-  return fmt::format("There is no usable answer from {}.", service);
+std::string errorText(const ResponseBase* response) {
+  return toUtf8(response != nullptr ? response->reason() : ResponseBase().reason());
 }
 
-bool mayHaveBeenDone(const ErrorText& error) {
-  const bool wasSent = !error.trace.empty();
-  const bool hasVerdict = error.text.empty() || std::ranges::any_of(verdicts, [&](auto start) {
-                            return error.text.starts_with(start);
-                          });
-  return wasSent && !hasVerdict;
+std::string tracedErrorText(const ResponseBase* response) {
+  if (response == nullptr) return errorText(response);
+  return ktpnaips::withMaskedPasswords(toUtf8(response->ErrorText()));
 }
 
-bool isUnreached(const ErrorText& error) {
-  return error.text.find(networkSign) != std::string::npos;
+std::string summaryOf(const ResponseBase* response, const Addressed& to) {
+  std::string summary = fmt::format(fmt::runtime(sentence(response, to)), to.service);
+  if (response != nullptr && isWorthAnotherTry(*response, to)) summary += " Try again.";
+  return summary;
 }
 
 }  // namespace cli

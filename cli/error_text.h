@@ -1,29 +1,31 @@
 #pragma once
 
+#include <ktpnaips/core/call_observer.h>
 #include <ktpnaips/core/response.h>
 
 #include <string>
 #include <string_view>
 
+/// What a person is told of a request that failed, as UTF-8 without passwords.
 namespace cli {
 
-/// The two parts of a response's error text, as UTF-8 with passwords masked.
-struct ErrorText {
-  std::string text;   ///< what went wrong
-  std::string trace;  ///< the request as it was sent; or empty
+/// Where a request went, and what kind of answer it had.
+struct Addressed {
+  std::string service = "NAIPS";  ///< as a person knows it
+  std::string status;             ///< of HTTP, as in "200"; empty without an answer
+  bool isXml = false;             ///< what the answer says that it is
 };
 
-/// The error text of a response; that of an unanswered one without a response.
-ErrorText errorText(const ktpnaips::AbstractResponse* response);
+/// What became of a request; `none` without a response.
+ktpnaips::Outcome outcomeOf(const ktpnaips::ResponseBase* response);
 
-/// One sentence that says what happened and what to do next. `service` is where the request went.
-std::string summaryOf(std::string_view errorText, std::string_view service);
+/// `ErrorText` without the request; that of an unanswered response without one.
+std::string errorText(const ktpnaips::ResponseBase* response);
 
-/// True when the request was sent, or tried to be, and no verdict of the service came back: nobody
-/// knows whether it has done what was asked.
-bool mayHaveBeenDone(const ErrorText& error);
+/// `ErrorText` as it stands, with the request.
+std::string tracedErrorText(const ktpnaips::ResponseBase* response);
 
-/// True when the network, not the service, let the request down.
-bool isUnreached(const ErrorText& error);
+/// One sentence that says what happened and what to do next.
+std::string summaryOf(const ktpnaips::ResponseBase* response, const Addressed& to);
 
 }  // namespace cli

@@ -1,6 +1,7 @@
 #include "cli/global_options.h"
 
 #include "cli/paths.h"
+#include "cli/secrets.h"
 #include "cli/usage_error.h"
 
 #include <ktpnaips/core/naips_config.h>
@@ -109,13 +110,14 @@ void GlobalOptions::apply() const {
   ktpnaips::Deployment::use(std::move(deployment));
 }
 
-std::string firstLine(const std::string& file) {
+std::string passwordIn(const std::string& file) {
   std::ifstream stream(pathOf(file));
   std::string line;
   if (!stream || !std::getline(stream, line)) {
     throw UsageError(fmt::format("cannot read a password from \"{}\"", file));
   }
   if (!line.empty() && line.back() == '\r') line.pop_back();
+  conceal(line);
   return line;
 }
 

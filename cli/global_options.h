@@ -46,7 +46,8 @@ struct GlobalOptions {
   void apply() const;
 };
 
-/// The first line of a file. Throws `UsageError` when it cannot be read.
-std::string firstLine(const std::string& file);
+/// The first line of a file, which is concealed from now on. Throws `UsageError` when it cannot be
+/// read.
+std::string passwordIn(const std::string& file);
 
 }  // namespace cli

@@ -1,5 +1,6 @@
 #include "cli/json.h"
 
+#include "cli/characters.h"
 #include "cli/text_output.h"
 
 #include <ktpnaips/platform/text.h>
@@ -7,6 +8,9 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 
 namespace cli {
 
@@ -15,7 +19,19 @@ Json jsonText(std::wstring_view text) {
 }
 
 void printJson(const Json& json) {
-  printLine(json.dump(-1, ' ', false, Json::error_handler_t::replace));
+  const std::string text = json.dump(-1, ' ', false, Json::error_handler_t::replace);
+  std::string line;
+  line.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    const Character character = characterAt(text, at);
+    if (isActedOn(character.code)) {
+      line += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character.code));
+    } else {
+      line.append(text, at, character.length);
+    }
+    at += character.length;
+  }
+  printLine(line);
 }
 
 std::string dateTimeText(ktpnaips::DateTime value) {

@@ -14,7 +14,7 @@ using Json = nlohmann::ordered_json;
 /// A text as JSON.
 Json jsonText(std::wstring_view text);
 
-/// Writes it in one line to standard output.
+/// Writes it in one line to standard output; what a terminal would act on is escaped.
 void printJson(const Json& json);
 
 /// "YYYY-MM-DDThh:mm:ssZ".

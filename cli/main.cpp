@@ -7,6 +7,7 @@
 #include <exception>
 
 int main(int argc, char** argv) {
+  ktpnaips::terminal::keepStreamsApart();
   try {
     return cli::run(ktpnaips::terminal::arguments(argc, argv));
   } catch (const std::exception& failure) {

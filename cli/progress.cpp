@@ -1,5 +1,6 @@
 #include "cli/progress.h"
 
+#include "cli/messages.h"
 #include "cli/text_output.h"
 
 #include <ktpnaips/platform/terminal.h>
@@ -44,13 +45,13 @@ void Progress::next(const std::string& what) {
   const std::string line = isRewritten_
                                ? cut(bar(count_, total_, what))
                                : fmt::format("Fetching {} of {}: {}", count_, total_, what);
-  fmt::print(stderr, "{}{}", line, isRewritten_ ? "" : "\n");
+  writeMessage(line + (isRewritten_ ? "" : "\n"));
   if (isRewritten_) width_ = widthOf(line);
   std::fflush(stderr);
 }
 
 void Progress::clear() {
-  if (width_ > 0) fmt::print(stderr, "\r{:{}}\r", "", width_);
+  if (width_ > 0) writeMessage(fmt::format("\r{:{}}\r", "", width_));
   width_ = 0;
 }
 

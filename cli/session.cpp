@@ -1,8 +1,9 @@
 #include "cli/session.h"
 
-#include "cli/error_text.h"
 #include "cli/messages.h"
 #include "cli/out_folder.h"
+#include "cli/paths.h"
+#include "cli/secrets.h"
 #include "cli/text_output.h"
 #include "cli/usage_error.h"
 
@@ -11,6 +12,8 @@
 #include <ktpnaips/core/failure_report.h>
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/platform/interruption.h>
+#include <ktpnaips/platform/program_files.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
@@ -23,13 +26,14 @@
 namespace cli {
 
 using ktpnaips::NAIPSConfig;
+using ktpnaips::Outcome;
 using ktpnaips::terminal::environment;
 using ktpnaips::text::fromUtf8;
 using ktpnaips::text::toUtf8;
 
 namespace {
 
-bool isError(const ktpnaips::AbstractResponse* response) {
+bool isError(const ktpnaips::ResponseBase* response) {
   return response == nullptr || response->Error();
 }
 
@@ -39,12 +43,21 @@ std::string userOf(const GlobalOptions& options) {
   return options.simulate ? Simulation::documentedUser() : "";
 }
 
+void requireUser(const GlobalOptions& options) {
+  const bool isKnown =
+      options.dryRun || !userOf(options).empty() || options.requestUser.has_value();
+  if (!isKnown) throw UsageError("there is no user: give --user NAME, or set NAIPS_USER");
+}
+
 /// Asks the person at the terminal for the account of a proxy.
-std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host) {
+std::optional<ktpnaips::ProxyCredentials> askForProxyAccount(std::wstring_view host, int attempt) {
+  ktpnaips::interruption::announce(nullptr);  // the proxy has passed nothing on
+  if (attempt > 1) complain("The proxy did not accept that account.");
   const auto user = ktpnaips::terminal::ask(fmt::format("User of the proxy {}: ", toUtf8(host)));
   if (!user || user->empty()) return std::nullopt;
   const auto password = ktpnaips::terminal::askSecret("Password of the proxy: ");
   if (!password) return std::nullopt;
+  conceal(*password);
   return ktpnaips::ProxyCredentials{fromUtf8(*user), fromUtf8(*password)};
 }
 
@@ -75,9 +88,20 @@ Session::Session(const GlobalOptions& options) : options_(options) {
   ktpnaips::setFailureReporter(
       [this](std::wstring_view report) { failures_.push_back(toUtf8(report)); });
   if (ktpnaips::terminal::canAsk()) ktpnaips::setProxyLogIn(askForProxyAccount);
+  ktpnaips::setSendingObserver([this](const ktpnaips::ServiceCall& call) {
+    if (!call.changes || change_ == nullptr) return;
+    untold_ = change_->inDoubt;
+    ktpnaips::interruption::announce(untold_);
+  });
 }
 
 Session::~Session() {
+  if (untold_ != nullptr) {  // a failure ends the command, perhaps for want of memory
+    writeMessage(untold_);
+    writeMessage("\n");
+  }
+  markTold();
+  ktpnaips::setSendingObserver({});
   ktpnaips::setCallObserver({});
   ktpnaips::setProxyLogIn({});
   ktpnaips::setFailureReporter({});
@@ -87,11 +111,14 @@ void Session::start() {
   if (isStarted_) return;
   isStarted_ = true;
   options_.apply();
+  requireUser(options_);
   if (options_.out && !options_.dryRun) prepareOutFolder(*options_.out);
-  if (options_.simulate && !options_.dryRun) startSimulation();
+  const std::string secret = password();
+  conceal(secret);
+  if (options_.simulate && !options_.dryRun) startSimulation(secret);
   NAIPSConfig config;
   config.UserName(fromUtf8(userOf(options_)));
-  config.Password(fromUtf8(password()));
+  config.Password(fromUtf8(secret));
   if (!options_.dryRun) watchCalls();
 }
 
@@ -102,32 +129,48 @@ void Session::watchCalls() {
     remark(fmt::format("Asking the service in mode {}{} ...", options_.mode, address));
   }
   ktpnaips::setCallObserver([this, address](const ktpnaips::ServiceCall& call) {
-    service_ = siteOf(call.url) + address;
+    addressed_ = {siteOf(call.url) + address, call.status,
+                  call.contentType.find("xml") != std::string::npos};
     if (options_.verbose > 0) complain(oneLine(fromUtf8(described(call))));
     if (options_.verbose > 1) showDocuments(call);
   });
 }
 
-void Session::startSimulation() {
+void Session::startSimulation(const std::string& password) {
   auto deployment = ktpnaips::Deployment::current();
-  simulation_ = std::make_unique<Simulation>(userOf(options_), password(),
-                                             toUtf8(deployment.schemaNamespace));
+  simulation_ =
+      std::make_unique<Simulation>(userOf(options_), password, toUtf8(deployment.schemaNamespace));
   deployment.connectTo = fromUtf8(simulation_->address());
   deployment.caFile = fromUtf8(simulation_->caFile());
   ktpnaips::Deployment::use(std::move(deployment));
 }
 
 std::string Session::password() const {
-  if (options_.passwordFile) return firstLine(*options_.passwordFile);
+  if (options_.passwordFile) {
+    warnOf(*options_.passwordFile);
+    return passwordIn(*options_.passwordFile);
+  }
   if (auto value = environment("NAIPS_PASSWORD")) return *std::move(value);
   if (options_.simulate) return Simulation::documentedPassword();
-  const bool isNeeded = !options_.dryRun && !options_.requestUser;
-  if (!isNeeded || !ktpnaips::terminal::canAsk()) return {};
-  return ktpnaips::terminal::askSecret("NAIPS password: ").value_or("");
+  const bool isNeeded = !options_.dryRun && !options_.requestPasswordFile;
+  if (!isNeeded) return {};
+  std::optional<std::string> typed;
+  if (ktpnaips::terminal::canAsk()) typed = ktpnaips::terminal::askSecret("NAIPS password: ");
+  if (!typed || typed->empty()) {
+    throw UsageError(
+        "there is no password: give --password-file FILE, set NAIPS_PASSWORD, or call naips at a "
+        "terminal to be asked for it");
+  }
+  return *std::move(typed);
 }
 
-std::string Session::summary(std::string_view errorText) const {
-  return summaryOf(errorText, service_);
+void Session::warnOf(const std::string& passwordFile) const {
+  if (!ktpnaips::files::isReadableByOthers(pathOf(passwordFile))) return;
+  remark(fmt::format("Other users can read the password in {0}: chmod 600 {0}", passwordFile));
+}
+
+std::string Session::summary(const ktpnaips::ResponseBase* response) const {
+  return summaryOf(response, addressed_);
 }
 
 std::string Session::userName() const {
@@ -137,7 +180,8 @@ std::string Session::userName() const {
 void Session::setAccount(ktpnaips::AbstractRequest& request) const {
   if (options_.requestUser) request.User(fromUtf8(*options_.requestUser));
   if (options_.requestPasswordFile) {
-    request.Password(fromUtf8(firstLine(*options_.requestPasswordFile)));
+    request.Password(fromUtf8(passwordIn(*options_.requestPasswordFile)));
+    warnOf(*options_.requestPasswordFile);
   }
   if (options_.scope) request.Scope(fromUtf8(*options_.scope));
   if (options_.source) request.Source(fromUtf8(*options_.source));
@@ -148,7 +192,10 @@ void Session::remark(std::string_view text) const {
 }
 
 void Session::writeDocument(const ktpnaips::IAppendable& request) const {
-  printLine(ktpnaips::withMaskedPasswords(ktpnaips::requestDocument(request)));
+  const std::size_t before = failures_.size();
+  const std::string document = ktpnaips::requestDocument(request);
+  const bool isWhole = failures_.size() == before;
+  if (isWhole) printLine(ktpnaips::withMaskedPasswords(document));
 }
 
 std::wstring Session::kept(const std::wstring& file, const std::string& name) {
@@ -161,45 +208,74 @@ std::wstring Session::kept(const std::wstring& file, const std::string& name) {
   }
 }
 
-void Session::show(const ktpnaips::AbstractResponse* response, const Json& properties,
+void Session::show(const ktpnaips::ResponseBase* response, const Json& properties,
                    const std::function<void()>& print) {
   hasError_ = isError(response);
+  if (!hasError_ && change_ != nullptr) done_ = change_->done;
   if (options_.json) {
     Json json = outcome(response, properties);
     json["Failures"] = failures_;
     printJson(json);
-    return;
-  }
-  if (hasError_) {
-    showError(response);
+    showChange(response);
   } else {
-    print();
+    if (hasError_) {
+      showError(response);
+    } else {
+      print();
+      showChange(response);
+    }
   }
-  showFailures();
+  markTold();
 }
 
-Json Session::outcome(const ktpnaips::AbstractResponse* response, const Json& properties) const {
-  const ErrorText error = errorText(response);
+void Session::markTold() noexcept {
+  untold_ = nullptr;
+  ktpnaips::interruption::announce(nullptr);
+}
+
+Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& properties) const {
   Json json = Json::object();
   json["Error"] = isError(response);
-  json["ErrorText"] = error.text;
-  if (options_.trace && !error.trace.empty()) json["Trace"] = error.trace;
+  json["ErrorText"] = errorText(response);
+  json["Outcome"] = toUtf8(nameOf(outcomeOf(response)));
+  json["Code"] = nullptr;
+  if (response != nullptr) {
+    if (const auto code = response->errorCode()) json["Code"] = *code;
+    const bool isTraced = options_.trace && response->Error();
+    if (isTraced && outcomeOf(response) != Outcome::none) json["Trace"] = response->sentDocument();
+  }
   json.update(properties);
   return json;
 }
 
-void Session::showError(const ktpnaips::AbstractResponse* response, const std::string& key) const {
-  const ErrorText error = errorText(response);
-  complainOfError((key.empty() ? "" : key + ": ") + summary(error.text));
-  complain(plain(fromUtf8(error.text)));
-  if (options_.trace && !error.trace.empty()) {
-    complain("In response to request:\n" + error.trace);
+void Session::showError(const ktpnaips::ResponseBase* response, const std::string& key) const {
+  complainOfError((key.empty() ? "" : key + ": ") + summary(response));
+  complain(plain(fromUtf8(options_.trace ? tracedErrorText(response) : errorText(response))));
+  showChange(response);
+}
+
+void Session::showChange(const ktpnaips::ResponseBase* response) const {
+  if (change_ == nullptr) return;
+  switch (outcomeOf(response)) {
+    case Outcome::success:
+      if (!failures_.empty()) complain(change_->done);
+      return;
+    case Outcome::none:
+    case Outcome::notSent:
+      return complain(change_->notSent);
+    case Outcome::refused:
+      return complain(change_->refused);
+    case Outcome::inDoubt:
+      return complain(change_->inDoubt);
+    default:
+      return;
   }
 }
 
-void Session::showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+void Session::showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                       const std::function<void()>& print) {
   hasError_ = hasError_ || isError(response);
+  markTold();
   if (options_.json) return;
   if (isError(response)) {
     showError(response, key);
@@ -209,16 +285,16 @@ void Session::showOne(const ktpnaips::AbstractResponse* response, const std::str
 }
 
 void Session::finishEach(const std::vector<Json>& outcomes, const Json& properties) const {
-  if (!options_.json) {
-    showFailures();
-    return;
-  }
-  const auto failed =
-      std::ranges::count_if(outcomes, [](const Json& each) { return each["Error"].get<bool>(); });
+  if (!options_.json) return;
+  const auto hasFailed = [](const Json& each) { return each["Error"].get<bool>(); };
+  const auto failed = std::ranges::count_if(outcomes, hasFailed);
+  const auto first = std::ranges::find_if(outcomes, hasFailed);
   Json json = Json::object();
   json["Error"] = failed > 0;
   json["ErrorText"] =
       failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
+  json["Outcome"] = failed > 0 ? (*first)["Outcome"] : Json("success");
+  json["Code"] = failed > 0 ? (*first)["Code"] : Json();
   json.update(properties);
   json["Count"] = outcomes.size();
   json["Items"] = outcomes;
@@ -226,7 +302,8 @@ void Session::finishEach(const std::vector<Json>& outcomes, const Json& properti
   printJson(json);
 }
 
-void Session::showFailures() const {
+void Session::finish() const {
+  if (options_.json) return;
   for (const auto& failure : failures_) complain(failure);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "cli/change.h"
 #include "cli/chart_files.h"
+#include "cli/error_text.h"
 #include "cli/exit_status.h"
 #include "cli/global_options.h"
 #include "cli/json.h"
@@ -71,13 +73,14 @@ class Session {
   auto fetch(Request& request) {
     start();
     setAccountOf(request);
+    change_ = changeBy(request);
     auto response = request.submit();
     if (response != nullptr) keepFiles(*response);
     return response;
   }
 
   /// Shows a response, or that there is none, with these properties.
-  void show(const ktpnaips::AbstractResponse* response, const Json& properties,
+  void show(const ktpnaips::ResponseBase* response, const Json& properties,
             const std::function<void()>& print);
 
   /// Writes the request's document.
@@ -96,33 +99,40 @@ class Session {
 
   /// Takes the response of one request of several into the exit status, and shows it to a person,
   /// after the key of the request when it failed.
-  void showOne(const ktpnaips::AbstractResponse* response, const std::string& key,
+  void showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                const std::function<void()>& print);
   /// The JSON object of one response.
-  [[nodiscard]] Json outcome(const ktpnaips::AbstractResponse* response,
-                             const Json& properties) const;
-  /// Shows the outcomes of several requests as JSON, with what else there is to tell, and the
-  /// failures of all.
+  [[nodiscard]] Json outcome(const ktpnaips::ResponseBase* response, const Json& properties) const;
+  /// Shows the outcomes of several requests as JSON, with what else there is to tell.
   void finishEach(const std::vector<Json>& outcomes, const Json& properties = Json::object()) const;
 
   [[nodiscard]] const GlobalOptions& options() const { return options_; }
-  /// One sentence on an error of the last request: what happened and what to do next.
-  [[nodiscard]] std::string summary(std::string_view errorText) const;
+  /// One sentence on the failed response of the last request: what happened and what to do next.
+  [[nodiscard]] std::string summary(const ktpnaips::ResponseBase* response) const;
   /// The account in whose name requests are made.
   [[nodiscard]] std::string userName() const;
+  /// Shows what else there is to tell when the command has ended.
+  void finish() const;
+  /// What has been done at the service; empty when nothing there was changed, or it is not known.
+  [[nodiscard]] std::string done() const { return done_; }
   /// What the process shall return.
   [[nodiscard]] ExitStatus exitStatus() const;
 
  private:
   void start();
-  void startSimulation();
+  void startSimulation(const std::string& password);
   void watchCalls();
   [[nodiscard]] std::string password() const;
+  /// Says so when others can read the file.
+  void warnOf(const std::string& passwordFile) const;
   void setAccount(ktpnaips::AbstractRequest& request) const;
   void writeDocument(const ktpnaips::IAppendable& request) const;
   /// Writes what went wrong, after the key of the request when it is one of several.
-  void showError(const ktpnaips::AbstractResponse* response, const std::string& key = {}) const;
-  void showFailures() const;
+  void showError(const ktpnaips::ResponseBase* response, const std::string& key = {}) const;
+  /// Writes what that means for what the request changes.
+  void showChange(const ktpnaips::ResponseBase* response) const;
+  /// A person knows by now what became of the request.
+  void markTold() noexcept;
 
   template <class Request>
   void setAccountOf(Request& request) const {
@@ -152,7 +162,10 @@ class Session {
 
   GlobalOptions options_;
   std::unique_ptr<Simulation> simulation_;
-  std::string service_ = "NAIPS";  // where the last request went
+  Addressed addressed_;             // the last request
+  const Change* change_ = nullptr;  // of the last request
+  const char* untold_ = nullptr;    // what to say of a change that has begun to be sent
+  std::string done_;
   std::vector<std::string> failures_;
   bool isStarted_ = false;
   bool hasError_ = false;

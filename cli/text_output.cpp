@@ -1,12 +1,14 @@
 #include "cli/text_output.h"
 
+#include "cli/characters.h"
 #include "cli/emphasis.h"
+#include "cli/secrets.h"
+#include "cli/standard_output.h"
 
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 namespace cli {
@@ -16,19 +18,6 @@ using ktpnaips::terminal::Stream;
 namespace {
 
 constexpr std::size_t labelWidth = 14;
-
-void write(std::string_view text) {
-  if (text.empty()) return;
-  std::fwrite(text.data(), 1, text.size(), stdout);
-}
-
-/// What a terminal would act on is made visible.
-void neutralise(std::string& text) {
-  for (char& c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if ((code < 0x20 && c != '\n' && c != '\t') || code == 0x7F) c = '?';
-  }
-}
 
 void printWrapped(std::string_view line, std::size_t width) {
   while (width > 0 && widthOf(line) > width) {
@@ -55,8 +44,7 @@ std::string plain(std::wstring_view text) {
     const bool isLineEnd = utf8[i] == '\r' && i + 1 < utf8.size() && utf8[i + 1] == '\n';
     if (!isLineEnd) lines += utf8[i];
   }
-  neutralise(lines);
-  return lines;
+  return harmless(lines);
 }
 
 std::string oneLine(std::wstring_view text) {
@@ -67,8 +55,7 @@ std::string oneLine(std::wstring_view text) {
 }
 
 void printLine(std::string_view line) {
-  write(line);
-  write("\n");
+  writeOutput(withoutSecrets(line) + '\n');
 }
 
 void printField(std::string_view label, std::wstring_view value) {

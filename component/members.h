@@ -3,6 +3,9 @@
 #include "enumerator.h"
 #include "object.h"
 
+#include <ktpnaips/platform/text.h>
+
+#include <cstdint>
 #include <utility>
 
 /// The members of the component's classes: those that several have alike as layers, the others by
@@ -91,6 +94,21 @@ template <class T, class Interface>
 class ResponseObject : public CommonResponseObject<T, Interface, ::AbstractResponse> {
  public:
   using CommonResponseObject<T, Interface, ::AbstractResponse>::CommonResponseObject;
+
+  STDMETHODIMP get_Outcome(BSTR* value) override {
+    return this->answer(value, [this] { return nameOf(this->object().outcome()); });
+  }
+  STDMETHODIMP get_ErrorCode(LONG* value) override {
+    return this->answer(value, [this] {
+      return static_cast<std::int32_t>(this->object().errorCode().value_or(0));
+    });
+  }
+  STDMETHODIMP get_Reason(BSTR* value) override {
+    return this->answer(value, [this] { return this->object().reason(); });
+  }
+  STDMETHODIMP get_SentDocument(BSTR* value) override {
+    return this->answer(value, [this] { return text::fromUtf8(this->object().sentDocument()); });
+  }
 };
 
 template <class Base>

@@ -59,7 +59,7 @@ const Registered changePassword(
        app.add_option_function<std::string>(
               "--new-password-file",
               [=](const std::string& file) {
-                request->NewPassword(ktpnaips::text::fromUtf8(firstLine(file)));
+                request->NewPassword(ktpnaips::text::fromUtf8(passwordIn(file)));
               },
               "File whose first line is the new password")
            ->type_name("FILE")

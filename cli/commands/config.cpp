@@ -86,7 +86,8 @@ std::string fileLine(const Configuration& configuration) {
 void showSettings(const CLI::App& root, const GlobalOptions& options) {
   const auto settings = settingsOf(root, options);
   if (options.json) {
-    Json json = {{"Error", false}, {"ErrorText", ""}, {"File", options.configuration.file}};
+    Json json = {{"Error", false}, {"ErrorText", ""}, {"Outcome", "success"}, {"Code", nullptr}};
+    json["File"] = options.configuration.file;
     setItems(json, settings, [](const Setting& each) -> Json {
       return {{"Name", each.name}, {"Value", each.value}, {"From", each.from}};
     });

@@ -2,8 +2,8 @@
 #include "cli/command_tree.h"
 #include "cli/completion.h"
 #include "cli/manual.h"
+#include "cli/standard_output.h"
 
-#include <fmt/format.h>
 #include <CLI/CLI.hpp>
 
 #include <map>
@@ -24,14 +24,14 @@ const Registered writeCompletion(
        const auto shell = std::make_shared<std::string>();
        app.add_option("SHELL", *shell, "Whose script")->required()->check(CLI::IsMember(shells));
        return [shell, root = app.get_parent()](Session&) {
-         fmt::print("{}", shells.at(*shell)(commandTree(*root)));
+         writeOutput(shells.at(*shell)(commandTree(*root)));
        };
      }});
 
 const Registered writeManual({"", "manual", "Write the manual page of naips, for man",
                               "naips manual >naips.1", [](CLI::App& app) -> Run {
                                 return [root = app.get_parent()](Session&) {
-                                  fmt::print("{}", manual(commandTree(*root)));
+                                  writeOutput(manual(commandTree(*root)));
                                 };
                               }});
 

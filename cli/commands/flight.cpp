@@ -1,7 +1,5 @@
 #include "cli/arguments.h"
 #include "cli/command.h"
-#include "cli/error_text.h"
-#include "cli/messages.h"
 #include "cli/notification_files.h"
 #include "cli/property_output.h"
 #include "cli/text_output.h"
@@ -52,17 +50,6 @@ void printSarTime(const SubmitSARTimeNotifRsp& response) {
   printText(response.NotifText());
 }
 
-/// Submits a notification. Without a verdict nobody knows whether it stands at the service.
-template <class Request, class Fields, class Print>
-void file(Session& session, Request& request, Fields fields, Print print) {
-  const auto response = session.submit(request, fields, print);
-  if (response == nullptr || !response->Error()) return;
-  if (!mayHaveBeenDone(errorText(response.get()))) return;
-  complain(
-      "The notification may or may not have been filed: see \"naips flight list\" for the active "
-      "ones before filing it again.");
-}
-
 const Registered fileIcao({"flight", "file", "File an ICAO flight notification",
                            "naips flight file icao-plan.json", [](CLI::App& app) -> Run {
                              const auto request = std::make_shared<SubmitICAOFlightNotifRqs>();
@@ -74,7 +61,7 @@ const Registered fileIcao({"flight", "file", "File an ICAO flight notification",
                                      "Accept an aircraft type that is not the registration's",
                                      [=] { request->IgnoreTypeMismatch(true); });
                              return [=](Session& session) {
-                               file(session, *request, planFields, printPlans);
+                               session.submit(*request, planFields, printPlans);
                              };
                            }});
 
@@ -86,7 +73,7 @@ const Registered fileSarTime({"flight", "sartime", "File a SARTime notification"
                                 });
                                 addGroup(app, request);
                                 return [=](Session& session) {
-                                  file(session, *request, sarTimeFields, printSarTime);
+                                  session.submit(*request, sarTimeFields, printSarTime);
                                 };
                               }});
 

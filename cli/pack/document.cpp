@@ -157,7 +157,10 @@ class Document {
   [[nodiscard]] std::string head() const {
     std::string html =
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
+        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+        // Nothing runs, and nothing is fetched.
+        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
+        "'unsafe-inline'; img-src data:; base-uri 'none'; form-action 'none'\">\n";
     html += element("title", title()) + "\n<style>" + std::string(styleSheet()) + pageFoot() +
             "</style>\n</head>\n<body>\n<header class=\"top\"><h1>" + escaped(flight().aircraft) +
             " <span class=\"route\">" + escaped(routeOf(flight())) + "</span></h1>";

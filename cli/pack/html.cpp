@@ -1,11 +1,15 @@
 #include "cli/pack/html.h"
 
+#include "cli/characters.h"
+#include "cli/secrets.h"
+
 namespace cli::pack {
 
 std::string escaped(std::string_view text) {
+  const std::string shown = harmless(withoutSecrets(text));
   std::string result;
-  result.reserve(text.size());
-  for (const char c : text) {
+  result.reserve(shown.size());
+  for (const char c : shown) {
     switch (c) {
       case '&':
         result += "&amp;";

@@ -5,7 +5,8 @@
 
 namespace cli::pack {
 
-/// A text as it stands in an HTML document or attribute.
+/// A text as it stands in an HTML document or attribute, without secrets, controls and marks of
+/// direction.
 std::string escaped(std::string_view text);
 
 /// An element with escaped text.

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "cli/part_file.h"
+
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,24 +15,21 @@ class OutputFile {
  public:
   /// Throws `UsageError` when the file is there already and may not be replaced, or cannot be one.
   OutputFile(const std::string& file, bool mayReplace);
-  /// Removes what was written and not moved.
-  ~OutputFile();
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
-
   /// Where to write it; a file of this name is made at once.
-  [[nodiscard]] const std::filesystem::path& partial() const { return partial_; }
+  [[nodiscard]] const std::filesystem::path& partial() const { return part_->path(); }
   /// Writes the content. Throws `std::runtime_error`.
   void write(std::string_view content) const;
-  /// Moves it to its place. Throws `std::runtime_error`.
+  /// Moves it to its place. Throws `std::runtime_error`, as when another program has made a file
+  /// there that may not be replaced.
   void finish();
 
   [[nodiscard]] bool replaces() const { return replaces_; }
 
  private:
   std::filesystem::path file_;
-  std::filesystem::path partial_;
+  bool mayReplace_;
   bool replaces_ = false;
+  std::optional<PartFile> part_;
 };
 
 }  // namespace cli::pack

@@ -3,7 +3,9 @@
 #include "cli/paths.h"
 #include "cli/usage_error.h"
 
+#include <ktpnaips/platform/interruption.h>
 #include <ktpnaips/platform/program.h>
+#include <ktpnaips/platform/program_files.h>
 
 #include <fmt/format.h>
 
@@ -29,7 +31,7 @@ class WorkFolder {
  public:
   explicit WorkFolder(const fs::path& beside) : path_(beside) {
     path_ += ".browser";
-    if (!fs::create_directory(path_)) {
+    if (!ktpnaips::files::makePrivateFolder(path_)) {
       throw std::runtime_error(fmt::format("cannot make the folder {}", pathText(path_)));
     }
   }
@@ -73,6 +75,7 @@ fs::path findBrowser(const std::string& wanted) {
 }
 
 void printToPdf(const fs::path& browser, std::string_view document, const fs::path& file) {
+  const ktpnaips::interruption::Postponement postponed;  // until the folder is gone
   const WorkFolder folder(file);
   const fs::path page = folder.path() / "pack.html";
   const fs::path pdf = folder.path() / "pack.pdf";
@@ -82,7 +85,7 @@ void printToPdf(const fs::path& browser, std::string_view document, const fs::pa
                    {"--headless", "--disable-gpu", "--no-first-run", "--no-pdf-header-footer",
                     "--user-data-dir=" + pathText(folder.path() / "profile"),
                     "--print-to-pdf=" + pathText(fs::absolute(pdf)), pathText(fs::absolute(page))},
-                   std::chrono::minutes(2));
+                   "NAIPS_PASSWORD", std::chrono::minutes(2));
   std::error_code error;
   if (!isPrinted || fs::file_size(pdf, error) == 0 || error) {
     throw std::runtime_error(

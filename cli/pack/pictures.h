@@ -14,7 +14,4 @@ Picture readPicture(const std::string& path, const std::string& fileName);
 /// The media type by the first bytes: PNG, GIF, JPEG or PDF; otherwise "application/octet-stream".
 std::string mediaTypeOf(std::string_view content);
 
-/// Base64 text (RFC 4648), without line ends.
-std::string base64Of(std::string_view content);
-
 }  // namespace cli::pack

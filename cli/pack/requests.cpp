@@ -1,7 +1,6 @@
 #include "cli/pack/requests.h"
 
 #include "cli/chart_files.h"
-#include "cli/error_text.h"
 #include "cli/pack/coded_way.h"
 #include "cli/pack/filling.h"
 #include "cli/pack/pictures.h"
@@ -143,13 +142,27 @@ class Gathering {
 
  private:
   static constexpr int patience = 2;
+  static constexpr std::size_t mostRequests = 300;
+
+  /// Cuts a list of what is asked for one by one to what a pack may send, and says so.
+  template <class Entry>
+  void keepWithinBound(std::vector<Entry>& list, const std::string& what) {
+    const std::size_t room = mostRequests - std::min(mostRequests, outcomes_.size());
+    if (list.size() <= room) return;
+    Answer answer;
+    answer.title = what;
+    fail(answer, fmt::format("{} of {} are left out: a pack sends {} requests at most.",
+                             list.size() - room, list.size(), mostRequests));
+    session_.remark(what + ": " + answer.reason);
+    list.erase(list.begin() + static_cast<std::ptrdiff_t>(room), list.end());
+  }
 
   /// Sends a request; the answer fails when the response does.
   template <class Request>
   auto ask(Request& request, const std::string& what, Answer& answer) {
     answer.title = what;
     decltype(session_.fetch(request)) response;
-    if (unreached_ == patience) {
+    if (letDown_ == patience) {
       skip(answer);
       return response;
     }
@@ -162,20 +175,28 @@ class Gathering {
     return response;
   }
 
-  void take(const ktpnaips::AbstractResponse* response, Answer& answer) {
+  void take(const ktpnaips::ResponseBase* response, Answer& answer) {
     const bool hasFailed = response == nullptr || response->Error();
-    const ErrorText error = hasFailed ? errorText(response) : ErrorText{};
-    if (hasFailed) fail(answer, session_.summary(error.text) + "\n" + plain(fromUtf8(error.text)));
-    unreached_ = isUnreached(error) ? unreached_ + 1 : 0;
-    if (unreached_ == patience) {
-      session_.remark("The service cannot be reached: the other requests are not sent.");
+    if (hasFailed) {
+      fail(answer, session_.summary(response) + "\n" + plain(fromUtf8(errorText(response))));
     }
+    const bool isLetDown = response != nullptr && response->errorCode().has_value();
+    letDown_ = isLetDown ? letDown_ + 1 : 0;
+    if (letDown_ < patience) return;
+    isUnreached_ = response->outcome() == ktpnaips::Outcome::notSent;
+    session_.remark(fmt::format("The service {}: the other requests are not sent.",
+                                isUnreached_ ? "cannot be reached" : "does not answer"));
   }
 
   /// Leaves out a request that would only wait for the same failure.
   void skip(Answer& answer) {
-    fail(answer, "Not asked, as the service could not be reached just before.");
-    outcomes_.push_back({{"Error", true}, {"ErrorText", answer.reason}, {"Request", answer.title}});
+    fail(answer, fmt::format("Not asked, as the service {} just before.",
+                             isUnreached_ ? "could not be reached" : "did not answer"));
+    outcomes_.push_back({{"Error", true},
+                         {"ErrorText", answer.reason},
+                         {"Outcome", "not-sent"},
+                         {"Code", nullptr},
+                         {"Request", answer.title}});
   }
 
   void fail(Answer& answer, std::string reason) {
@@ -294,6 +315,7 @@ class Gathering {
         places.push_back(pack_.notams.back().location);
       }
     }
+    keepWithinBound(places, "NOTAM texts");
     progress_.expect(places.size());
     for (const std::string& place : places) askNotamTexts(*response, place);
   }
@@ -310,7 +332,9 @@ class Gathering {
   }
 
   void askRoutes() {
-    for (const CodedWay& coded : codedWays(pack_.flight)) {
+    auto ways = codedWays(pack_.flight);
+    keepWithinBound(ways, "Routes by code");
+    for (const CodedWay& coded : ways) {
       ktpnaips::GetRouteRqs request;
       fill(request, coded);
       Answer answer;
@@ -328,7 +352,8 @@ class Gathering {
 
   void askLocations() {
     // Routes by code may have brought names.
-    const auto names = locationNames(pack_.flight);
+    auto names = locationNames(pack_.flight);
+    keepWithinBound(names, "Coordinates");
     progress_.expect(names.size() - std::min(names.size(), expectedNames_));
     for (const std::string& name : names) pack_.locations[name] = askLocation(name);
     forEachPlace(pack_.flight, [&](Place& place) {
@@ -372,7 +397,8 @@ class Gathering {
   }
 
   void askLights() {
-    const auto days = lightDays();
+    auto days = lightDays();
+    keepWithinBound(days, "First and last light");
     progress_.expect(days.size());
     for (const auto& [place, day] : days) askLight(place, day);
   }
@@ -402,7 +428,9 @@ class Gathering {
   }
 
   void askRaim() {
-    for (const auto& locations : raimLocations(pack_.flight)) {
+    auto groups = raimLocations(pack_.flight);
+    keepWithinBound(groups, "RAIM predictions");
+    for (const auto& locations : groups) {
       ktpnaips::RAIMRqs request;
       fill(request, locations);
       askText(request, "RAIM prediction", pack_.raim.emplace_back());
@@ -419,6 +447,7 @@ class Gathering {
     for (const auto& each : *directory) {
       if (isWanted(*each, wanted_.charts)) chosen.push_back(each);
     }
+    keepWithinBound(chosen, "Charts");
     progress_.expect(chosen.size());
     for (const auto& each : chosen) askChart(*each);
   }
@@ -448,7 +477,8 @@ class Gathering {
   Pack pack_;
   std::vector<Json> outcomes_;
   std::size_t expectedNames_ = 0;
-  int unreached_ = 0;  // requests in a row that the network let down
+  int letDown_ = 0;  // requests in a row that the network let down
+  bool isUnreached_ = false;
 };
 
 }  // namespace

@@ -41,6 +41,9 @@ stage.Route.Add segment
 Dim plan: Set plan = CreateObject("Brevank.SubmitICAOFlightNotifRqs")
 plan.Notification.Add stage
 Dim filed: Set filed = plan.submit()
+If filed.Outcome = "in-doubt" Then
+  WScript.Echo "It may have been filed: look with ActiveFlightNotifDirRqs before it is filed again."
+End If
 Check filed
 WScript.Echo filed.Item(1)
 

@@ -1,8 +1,10 @@
 #include <ktpnaips/core/call_observer.h>
 #include <ktpnaips/core/call_watch.h>
+#include <ktpnaips/core/error_text.h>
 #include <ktpnaips/core/masking.h>
 #include <ktpnaips/core/trap.h>
 #include <ktpnaips/platform/lasting.h>
+#include <ktpnaips/platform/text.h>
 
 #include <atomic>
 #include <mutex>
@@ -11,19 +13,35 @@
 namespace ktpnaips {
 namespace {
 
-std::mutex observerMutex;
-// Without an observer, all that a call costs is reading this.
-std::atomic<bool> isObserved = false;
+/// The observer that is installed for the process.
+class ObserverSlot {
+ public:
+  void set(CallObserver observer) {
+    auto shared = observer ? std::make_shared<const CallObserver>(std::move(observer)) : nullptr;
+    const std::lock_guard lock(mutex_);
+    isTaken_.store(shared != nullptr, std::memory_order_relaxed);
+    observer_.swap(shared);
+  }
+  [[nodiscard]] std::shared_ptr<const CallObserver> current() {
+    if (!isTaken_.load(std::memory_order_relaxed)) return nullptr;
+    const std::lock_guard lock(mutex_);
+    return observer_;
+  }
 
-std::shared_ptr<const CallObserver>& installedObserver() {
-  static platform::Lasting<std::shared_ptr<const CallObserver>> observer;
-  return *observer;
+ private:
+  std::mutex mutex_;
+  std::atomic<bool> isTaken_ = false;  // without an observer, all that a call costs is reading this
+  std::shared_ptr<const CallObserver> observer_;
+};
+
+ObserverSlot& ofEnds() {
+  static platform::Lasting<ObserverSlot> slot;
+  return *slot;
 }
 
-std::shared_ptr<const CallObserver> currentObserver() {
-  if (!isObserved.load(std::memory_order_relaxed)) return nullptr;
-  const std::lock_guard lock(observerMutex);
-  return installedObserver();
+ObserverSlot& ofSending() {
+  static platform::Lasting<ObserverSlot> slot;
+  return *slot;
 }
 
 }  // namespace
@@ -37,40 +55,51 @@ std::string ServiceCall::answer() const {
 }
 
 void setCallObserver(CallObserver observer) {
-  auto shared = observer ? std::make_shared<const CallObserver>(std::move(observer)) : nullptr;
-  const std::lock_guard lock(observerMutex);
-  isObserved.store(shared != nullptr, std::memory_order_relaxed);
-  installedObserver().swap(shared);
+  ofEnds().set(std::move(observer));
+}
+
+void setSendingObserver(CallObserver observer) {
+  ofSending().set(std::move(observer));
 }
 
 CallWatch::CallWatch(std::wstring_view requestName, std::wstring_view url,
-                     std::string_view document)
-    : observer_(currentObserver()) {
-  if (observer_ == nullptr) return;
+                     std::string_view document, Effect effect)
+    : observer_(ofEnds().current()), sendingObserver_(ofSending().current()) {
+  if (observer_ == nullptr && sendingObserver_ == nullptr) return;
   call_.requestName = requestName;
   call_.url = url;
+  call_.changes = effect == Effect::changes;
   call_.bytesSent = document.size();
   call_.request_ = document;
   start_ = std::chrono::steady_clock::now();
 }
 
-void CallWatch::answered(std::string_view status, std::size_t headerSize) {
+void CallWatch::sending() {
+  if (sendingObserver_ != nullptr) tell(*sendingObserver_);
+}
+
+void CallWatch::answered(const winInet::Answer& answer) {
   if (observer_ == nullptr) return;
-  headerSize_ = headerSize;
-  call_.status = status;
+  call_.status = answer.status;
+  call_.contentType = answer.contentType;
   call_.untilAnswer = sinceStart();
 }
 
-void CallWatch::ended(std::string_view result) {
+void CallWatch::ended(const winInet::Answer& answer) {
   if (observer_ == nullptr) return;
   call_.untilEnd = sinceStart();
-  if (headerSize_) {
-    call_.answer_ = result.substr(*headerSize_);
-    call_.bytesReceived = call_.answer_.size();
-  } else {
-    call_.failure = result;
-  }
-  trapped(inModule(L"winInetSend", L"winInet"), [&] { (*observer_)(call_); });
+  call_.answer_ = answer.body;
+  call_.bytesReceived = answer.body.size();
+  std::string failure;
+  trapped(inModule(L"winInetSend", L"winInet"), [&] {
+    if (answer.failure) failure = text::toUtf8(failureText(*answer.failure));
+  });
+  call_.failure = failure;
+  tell(*observer_);
+}
+
+void CallWatch::tell(const CallObserver& observer) const {
+  trapped(inModule(L"winInetSend", L"winInet"), [&] { observer(call_); });
 }
 
 std::chrono::microseconds CallWatch::sinceStart() const {

@@ -1,34 +1,37 @@
 #pragma once
 
 #include <ktpnaips/core/call_observer.h>
+#include <ktpnaips/core/outcome.h>
+#include <ktpnaips/core/transport.h>
 
 #include <chrono>
-#include <cstddef>
 #include <memory>
-#include <optional>
 #include <string_view>
 
 namespace ktpnaips {
 
-/// Takes down one call for the observer; does nothing when there is none.
+/// Takes down one call for its observers; does nothing when there are none.
 class CallWatch {
  public:
   /// The call starts. What is given outlives the watch.
-  CallWatch(std::wstring_view requestName, std::wstring_view url, std::string_view document);
+  CallWatch(std::wstring_view requestName, std::wstring_view url, std::string_view document,
+            Effect effect);
 
-  /// The answer's headers are there; the first `headerSize` bytes of the result will be raw
-  /// headers.
-  void answered(std::string_view status, std::size_t headerSize);
-  /// The call is over and returns `result`: the answer, or the text of a failure.
-  void ended(std::string_view result);
+  /// The first byte of the request is about to go out.
+  void sending();
+  /// The answer's headers are there.
+  void answered(const winInet::Answer& answer);
+  /// The call is over.
+  void ended(const winInet::Answer& answer);
 
  private:
   [[nodiscard]] std::chrono::microseconds sinceStart() const;
+  void tell(const CallObserver& observer) const;
 
   std::shared_ptr<const CallObserver> observer_;
+  std::shared_ptr<const CallObserver> sendingObserver_;
   std::chrono::steady_clock::time_point start_;
   ServiceCall call_;
-  std::optional<std::size_t> headerSize_;  // once there is an answer
 };
 
 }  // namespace ktpnaips

@@ -1,19 +1,16 @@
 #include <ktpnaips/core/conversions.h>
 #include <ktpnaips/core/deployment.h>
+#include <ktpnaips/core/error_text.h>
 #include <ktpnaips/core/loading.h>
 #include <ktpnaips/core/trap.h>
 #include <ktpnaips/platform/runtime_fault.h>
 
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace ktpnaips {
 namespace {
-
-struct Verdict {
-  xml::Node payload;
-  bool error = true;
-  std::wstring text;
-};
 
 struct FaultPart {
   std::string_view path;
@@ -36,50 +33,53 @@ std::wstring selectionNamespaces() {
   return declarations;
 }
 
-std::wstring faultText(const xml::Node& fault) {
-  std::wstring text;
+std::vector<Verdict::Part> partsOf(const xml::Node& fault) {
+  std::vector<Verdict::Part> parts;
   for (const auto& [path, label] : soap11Fault) {
-    withText(fault, path, [&, label = label](const std::wstring& part) {
-      text += label;
-      text += part;
-      text += L"\r\n";
+    withText(fault, path, [&, label = label](std::wstring text) {
+      parts.push_back({label, std::move(text)});
     });
   }
-  return text;
+  return parts;
 }
 
-std::wstring refusalText(const xml::Node& payload, const std::wstring& status) {
-  std::wstring text = L"NAIPS Error: " + status + L"\r\n";
-  withText(payload, "//naips:info",
-           [&](const std::wstring& info) { text += L"Info: " + info + L"\r\n"; });
-  return text;
+std::vector<Verdict::Part> partsOf(const xml::Node& refusal, std::wstring status) {
+  std::vector<Verdict::Part> parts;
+  parts.push_back({L"NAIPS Error: ", std::move(status)});
+  withText(refusal, "//naips:info", [&](std::wstring info) {
+    parts.push_back({L"Info: ", std::move(info)});
+  });
+  return parts;
 }
 
 Verdict judge(const xml::Document& document) {
-  if (!document) return {{}, true, L"No response set"};
+  if (!document) return {};
   document.bindPrefixes(selectionNamespaces());
   const xml::Node root = document.documentElement();
   const xml::Node body = root.select("//soap:Body");
-  if (!body) return {{}, true, L"SOAP Fault: Not a SOAP response\r\n" + root.text()};
+  if (!body) return {Outcome::unreadable, {}, {{L"", root.text()}}};
   const xml::Node payload = body.firstChild();
   if (const xml::Node fault = body.select("soap:Fault")) {
-    return {payload, true, faultText(fault)};
+    return {Outcome::fault, payload, partsOf(fault)};
   }
-  const std::wstring status = neededAttribute(payload, L"status");
-  if (status != L"SUCCESS") return {payload, true, refusalText(payload, status)};
-  return {payload, false, L""};
+  std::wstring status = neededAttribute(payload, L"status");
+  if (status == L"SUCCESS") return {Outcome::success, payload, {}};
+  return {Outcome::refused, payload, partsOf(payload, std::move(status))};
 }
 
 }  // namespace
 
-void Utils::loadResponse(AbstractResponse& response) {
+Outcome Utils::loadResponse(AbstractResponse& response) {
+  Outcome outcome = Outcome::unreadable;
   trapped(inModule(L"loadResponse", L"Utils"), [&] {
     const Verdict verdict = judge(response.ResponseDoc());
-    const std::wstring text = lfToCrLf(verdict.text);
+    const std::wstring text = errorText(verdict);
     response.Payload(verdict.payload);
-    response.Error(verdict.error);
+    response.Error(verdict.outcome != Outcome::success);
+    outcome = verdict.outcome;
     response.ErrorText(text);
   });
+  return outcome;
 }
 
 std::wstring neededText(const xml::Node& from, std::string_view path) {

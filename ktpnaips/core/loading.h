@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ktpnaips/core/date_time.h>
+#include <ktpnaips/core/outcome.h>
 #include <ktpnaips/core/property.h>
 #include <ktpnaips/core/response.h>
 #include <ktpnaips/platform/xml.h>
@@ -18,8 +19,8 @@ namespace Utils {
 
 /// Decides whether the response's document is a success, a SOAP fault, a NAIPS error or no SOAP at
 /// all, and sets its payload, error flag and text. An unexpected failure is reported and sets
-/// nothing.
-void loadResponse(AbstractResponse& response);
+/// nothing: the document is unreadable then.
+Outcome loadResponse(AbstractResponse& response);
 
 }  // namespace Utils
 

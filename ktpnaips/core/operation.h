@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ktpnaips/core/outcome.h>
 #include <ktpnaips/core/service.h>
 #include <ktpnaips/core/trap.h>
 
@@ -17,6 +18,7 @@ struct Operation {
   Procedure submit;               ///< the handler of `submit`
   /// The handler of `appendTo`; without one a fault passes on to the poster.
   std::optional<Procedure> appendTo = std::nullopt;
+  Effect effect = Effect::reads;
 };
 
 }  // namespace ktpnaips

@@ -8,8 +8,10 @@ using modBrevank::addElement;
 
 namespace {
 
-constexpr Operation changePassword{service::account, L"change-password-rqs", L"change-password-rqs",
-                                   inClass(L"submit", L"ChangePasswordRequest")};
+constexpr Operation changePassword{
+    service::account,       L"change-password-rqs",
+    L"change-password-rqs", inClass(L"submit", L"ChangePasswordRequest"),
+    std::nullopt,           Effect::changes};
 
 }  // namespace
 

@@ -1,27 +1,32 @@
-#include <ktpnaips/core/conversions.h>
 #include <ktpnaips/core/deployment.h>
+#include <ktpnaips/core/error_text.h>
 #include <ktpnaips/core/loading.h>
 #include <ktpnaips/core/posting.h>
 #include <ktpnaips/core/request_document.h>
 #include <ktpnaips/core/service.h>
 #include <ktpnaips/core/transport.h>
 #include <ktpnaips/core/trap.h>
-#include <ktpnaips/platform/text.h>
 
+#include <optional>
 #include <utility>
 
 namespace ktpnaips {
 namespace {
 
-void refuse(AbstractResponse& response, const std::string& answer) {
-  response.Error(true);
-  response.ErrorText(Utils::lfToCrLf(L"SOAP Fault: Unrecognised response.  Details below.\r\n" +
-                                     text::fromUtf8(answer) + L"\r\n"));
+std::optional<std::uint32_t> codeOf(const winInet::Answer& answer) {
+  if (!answer.failure) return std::nullopt;
+  return answer.failure->code;
 }
 
-void appendTrace(AbstractResponse& response, const std::string& document) {
-  response.ErrorText(response.ErrorText() + L"\r\n\r\n+-+-+-+\r\nIn response to request:\r\n\r\n" +
-                     text::fromUtf8(document));
+/// What was answered, as a document that takes the body over; none when it is no XML. One that is
+/// too large is a failure.
+xml::Document documentIn(winInet::Answer& answer) {
+  if (answer.failure) return {};
+  if (!answer.headers.empty()) return xml::Document::parse(answer.headers + answer.body);
+  xml::ParseFailure why;
+  xml::Document document = xml::Document::parseInPlace(answer.body, &why);
+  if (why.isTooLarge) answer.failure = winInet::tooLarge(why.reason);
+  return document;
 }
 
 }  // namespace
@@ -35,18 +40,24 @@ std::string requestDocument(const IAppendable& request) {
 }
 
 void Utils::aaapost(std::int32_t service, std::wstring_view requestName, const IAppendable& request,
-                    std::shared_ptr<AbstractResponse> response) {
+                    std::shared_ptr<AbstractResponse> response, Effect effect) {
   trapped(inModule(L"aaapost", L"Utils"), [&] {
     const std::wstring url = serviceURL(service);
-    const std::string document = requestDocument(request);
+    std::string document = requestDocument(request);
     if (response == nullptr) response = std::make_shared<AbstractResponse>();
-    std::string answer = winInet::winInetSend(url, requestName, document);
-    if (const xml::Document parsed = xml::Document::parseInPlace(answer)) {
+    auto* const keeping = dynamic_cast<ResponseBase*>(response.get());
+    winInet::Answer answer = winInet::winInetSend(url, requestName, document, effect);
+    if (keeping != nullptr) {
+      keeping->posted({std::move(document), effect, answer.hasSent});
+    }
+    if (const xml::Document parsed = documentIn(answer)) {
       response->ResponseDoc(parsed);
     } else {
-      refuse(*response, answer);
+      if (keeping != nullptr) keeping->failed(codeOf(answer));
+      response->Error(true);
+      response->ErrorText(errorText(answer));
     }
-    if (response->Error()) appendTrace(*response, document);
+    if (keeping != nullptr && keeping->Error()) keeping->addTrace();
   });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ktpnaips/core/appendable.h>
+#include <ktpnaips/core/outcome.h>
 #include <ktpnaips/core/response.h>
 
 #include <cstdint>
@@ -16,7 +17,7 @@ namespace Utils {
 /// response; without a response a bare `AbstractResponse` takes it. An unexpected failure is
 /// reported and ends the posting only.
 void aaapost(std::int32_t service, std::wstring_view requestName, const IAppendable& request,
-             std::shared_ptr<AbstractResponse> response);
+             std::shared_ptr<AbstractResponse> response, Effect effect = Effect::reads);
 
 }  // namespace Utils
 

@@ -25,7 +25,7 @@ void RequestBase::appendTo(const xml::Node& parent, std::wstring_view namespaceU
 std::shared_ptr<ResponseBase> RequestBase::post(MakeResponse makeResponse) const {
   return trapped<std::shared_ptr<ResponseBase>>(operation_.submit, [&](auto& result) {
     const auto response = makeResponse();
-    Utils::aaapost(operation_.service, operation_.requestName, *this, response);
+    Utils::aaapost(operation_.service, operation_.requestName, *this, response, operation_.effect);
     result = response;
   });
 }

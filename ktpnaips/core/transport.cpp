@@ -4,12 +4,12 @@
 #include <ktpnaips/core/transport.h>
 #include <ktpnaips/core/trap.h>
 #include <ktpnaips/platform/runtime_fault.h>
-#include <ktpnaips/platform/text.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace ktpnaips::winInet {
 namespace {
@@ -22,18 +22,30 @@ constexpr std::string_view headers =
     "Connection: Keep-Alive\r\n";
 constexpr std::size_t longestURL = 32767;
 
-std::string stepFailed(std::string_view step, http::ErrorCode code) {
-  return std::string(step) + " call failed: " + text::toUtf8(apiErrorText(code));
+StepFailure stepFailed(std::wstring_view step, http::ErrorCode code) {
+  return {step, code, apiErrorText(code)};
 }
 
-/// The first step that failed, as text; nothing when the request is ready to be sent.
-std::optional<std::string> prepare(http::Exchange& exchange, std::wstring_view url) {
+std::wstring withCode(std::wstring message, std::uint32_t code) {
+  constexpr std::wstring_view digits = L"0123456789ABCDEF";
+  std::wstring hexadecimal;
+  for (auto rest = code; rest != 0 || hexadecimal.empty(); rest /= 16) {
+    hexadecimal.insert(hexadecimal.begin(), digits[rest % 16]);
+  }
+  return message.append(L"  Dec: ")
+      .append(std::to_wstring(code))
+      .append(L"\tHex: ")
+      .append(hexadecimal);
+}
+
+/// The first step that failed; nothing when the request is ready to be sent.
+std::optional<StepFailure> prepare(http::Exchange& exchange, std::wstring_view url) {
   std::wstring scheme;
   std::wstring host;
   std::wstring path;
   splitURL(url, scheme, host, path);
 
-  if (const auto code = exchange.openSession(agent)) return stepFailed("InternetOpen", code);
+  if (const auto code = exchange.openSession(agent)) return stepFailed(L"InternetOpen", code);
 
   const Deployment& deployment = Deployment::current();
   const bool isSecure = scheme == L"https:";
@@ -42,11 +54,11 @@ std::optional<std::string> prepare(http::Exchange& exchange, std::wstring_view u
                : http::noFlags;
   const std::uint16_t port = isSecure ? 443 : 80;
   if (const auto code = exchange.connect(host, port, {deployment.connectTo, deployment.caFile})) {
-    return stepFailed("InternetConnect", code);
+    return stepFailed(L"InternetConnect", code);
   }
   if (const auto code =
           exchange.openRequest("POST", path, schemeFlags | http::reload | http::keepConnection)) {
-    return stepFailed("HttpOpenRequest", code);
+    return stepFailed(L"HttpOpenRequest", code);
   }
   exchange.addHeaders(headers);
   const TimeLimits& limits = timeLimits();
@@ -56,47 +68,40 @@ std::optional<std::string> prepare(http::Exchange& exchange, std::wstring_view u
   return std::nullopt;
 }
 
-/// Sends until a proxy is content. Returns what the answer starts with: the raw headers unless it
-/// is a 200 of an XML content type, or the text of the failure with `hasAnswer` false.
-std::string send(http::Exchange& exchange, std::string_view body, CallWatch& watch,
-                 bool& hasAnswer) {
+/// Sends until a proxy is content; false when the answer is a failure.
+bool send(http::Exchange& exchange, std::string_view body, Answer& answer) {
   for (;;) {
+    answer.status.clear();
+    answer.contentType.clear();
     if (const auto code = exchange.send(body)) {
-      hasAnswer = false;
-      return stepFailed("HttpSendRequest", code);
+      answer.failure = stepFailed(L"HttpSendRequest", code);
+      return false;
     }
-    hasAnswer = true;
-    std::string status;
-    std::string contentType;
-    std::string rawHeaders;
-    httpQueryInfo(exchange, http::Info::statusCode, status);
-    httpQueryInfo(exchange, http::Info::contentType, contentType);
-    if (status == "407" && exchange.logInToProxy()) continue;
-    if (status != "200" || contentType.find("xml") == std::string::npos) {
-      httpQueryInfo(exchange, http::Info::rawHeaders, rawHeaders);
+    httpQueryInfo(exchange, http::Info::statusCode, answer.status);
+    httpQueryInfo(exchange, http::Info::contentType, answer.contentType);
+    if (answer.status == "407" && exchange.logInToProxy()) continue;
+    if (answer.status != "200" || answer.contentType.find("xml") == std::string::npos) {
+      httpQueryInfo(exchange, http::Info::rawHeaders, answer.headers);
     }
-    watch.answered(status, rawHeaders.size());
-    return rawHeaders;
+    return true;
   }
 }
 
 // What a header may make us set aside; larger bodies grow beyond it by doubling.
 constexpr std::size_t mostSetAside = 128'000'000;
 
-/// Appends the body to the answer or, of one that is too long, why there is none.
-void readBody(http::Exchange& exchange, std::string& answer) {
-  const std::size_t start = answer.size();
+/// Reads the body or, of one that is too long, why there is none.
+void readBody(http::Exchange& exchange, Answer& answer) {
   std::array<char, 2048> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
-  answer.reserve(answer.size() + std::min(exchange.announcedSize(), mostSetAside));
+  answer.body.reserve(std::min(exchange.announcedSize(), mostSetAside));
   for (;;) {
     const auto read = exchange.read(buffer.data(), buffer.size());
     if (!read || *read == 0) break;
-    answer.append(buffer.data(), *read);
+    answer.body.append(buffer.data(), *read);
   }
   if (const auto code = exchange.readFailure()) {
-    answer.erase(start);
-    answer.shrink_to_fit();
-    answer += stepFailed("InternetReadFile", code);
+    std::string().swap(answer.body);
+    answer.failure = stepFailed(L"InternetReadFile", code);
   }
 }
 
@@ -127,20 +132,21 @@ void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, s
   });
 }
 
-std::string winInetSend(std::wstring_view url, std::wstring_view requestName,
-                        std::string_view body) {
-  CallWatch watch(requestName, url, body);
-  std::string answer;
+Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body,
+                   Effect effect) {
+  CallWatch watch(requestName, url, body, effect);
+  Answer answer;
+  std::optional<http::Exchange> exchange;
   trapped(inModule(L"winInetSend", L"winInet"), [&] {
-    http::Exchange exchange;
-    if (auto failure = prepare(exchange, url)) {
-      answer = *std::move(failure);
-      return;
-    }
-    bool hasAnswer = false;
-    answer = send(exchange, body, watch, hasAnswer);
-    if (hasAnswer) readBody(exchange, answer);
+    exchange.emplace();
+    exchange->whenSending([&watch] { watch.sending(); });
+    answer.failure = prepare(*exchange, url);
+    if (answer.failure || !send(*exchange, body, answer)) return;
+    watch.answered(answer);
+    readBody(*exchange, answer);
   });
+  answer.hasSent = exchange && exchange->hasSent();
+  exchange.reset();
   watch.ended(answer);
   return answer;
 }
@@ -153,14 +159,16 @@ bool httpQueryInfo(const http::Exchange& request, http::Info what, std::string& 
 }
 
 std::wstring apiErrorText(std::uint32_t code) {
-  constexpr std::wstring_view digits = L"0123456789ABCDEF";
   std::wstring message = http::errorMessage(code);
   if (message.empty()) message = L"(No such error)";
-  std::wstring hexadecimal;
-  for (auto rest = code; rest != 0 || hexadecimal.empty(); rest /= 16) {
-    hexadecimal.insert(hexadecimal.begin(), digits[rest % 16]);
-  }
-  return message + L"  Dec: " + std::to_wstring(code) + L"\tHex: " + hexadecimal;
+  return withCode(std::move(message), code);
+}
+
+StepFailure tooLarge(std::wstring_view reason) {
+  constexpr http::ErrorCode invalidServerResponse = 12152;
+  return {L"InternetReadFile", invalidServerResponse,
+          withCode(L"The answer cannot be read (" + std::wstring(reason) + L").\r\n",
+                   invalidServerResponse)};
 }
 
 }  // namespace ktpnaips::winInet

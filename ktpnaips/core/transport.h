@@ -1,8 +1,10 @@
 #pragma once
 
+#include <ktpnaips/core/outcome.h>
 #include <ktpnaips/platform/http.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,11 +26,30 @@ TimeLimits& timeLimits();
 /// when there is none). A URL without "//" is reported and leaves all three empty.
 void splitURL(std::wstring_view url, std::wstring& scheme, std::wstring& host, std::wstring& path);
 
-/// Posts `body` to `url` and waits for the answer. Returns its body alone for a 200 answer of an
-/// XML content type, otherwise the raw headers followed by the body, and in place of an answer the
-/// text of the step that failed. Never throws. `requestName` is not sent; it is for the observer.
-std::string winInetSend(std::wstring_view url, std::wstring_view requestName,
-                        std::string_view body);
+/// A step of an exchange that failed.
+struct StepFailure {
+  std::wstring_view step;  ///< as the Windows Internet API calls it
+  http::ErrorCode code = 0;
+  std::wstring message;  ///< what `apiErrorText` said then
+};
+
+/// What came of a post.
+struct Answer {
+  bool hasSent = false;                ///< as in `http::Exchange`
+  std::optional<StepFailure> failure;  ///< in place of an answer, or of its body
+  std::string status;                  ///< as in "200"; empty when nothing answered
+  std::string contentType;
+  std::string headers;  ///< raw; empty for a 200 answer of an XML content type
+  std::string body;
+};
+
+/// An answer that is more than can be read, for this reason.
+StepFailure tooLarge(std::wstring_view reason);
+
+/// Posts `body` to `url` and waits for the answer. Never throws: after an unexpected failure, which
+/// is reported, the answer is as far as it came. `requestName` and `effect` are for observers.
+Answer winInetSend(std::wstring_view url, std::wstring_view requestName, std::string_view body,
+                   Effect effect = Effect::reads);
 
 /// True, with `value` filled, when the answer has the header or status asked for.
 bool httpQueryInfo(const http::Exchange& request, http::Info what, std::string& value);

@@ -8,13 +8,19 @@
 namespace ktpnaips {
 namespace {
 
-constexpr Operation fileIcao{service::flightNotification, L"submit-icao-fn-rqs", L"submit-icao-fn",
+constexpr Operation fileIcao{service::flightNotification,
+                             L"submit-icao-fn-rqs",
+                             L"submit-icao-fn",
                              inClass(L"submit", L"SubmitICAOFlightNotifRqs"),
-                             appendToOf(L"SubmitICAOFlightNotifRqs")};
+                             appendToOf(L"SubmitICAOFlightNotifRqs"),
+                             Effect::changes};
 
-constexpr Operation fileSarTime{service::flightNotification, L"submit-sar-fn-rqs", L"submit-sar-fn",
+constexpr Operation fileSarTime{service::flightNotification,
+                                L"submit-sar-fn-rqs",
+                                L"submit-sar-fn",
                                 inClass(L"submit", L"SubmitSARTimeFlightNotif"),
-                                appendToOf(L"SubmitSARTimeFlightNotification")};
+                                appendToOf(L"SubmitSARTimeFlightNotification"),
+                                Effect::changes};
 
 void addNotification(const xml::Node& request, std::wstring_view namespaceUri,
                      const IAppendable* notification, std::wstring_view group) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,13 +56,26 @@ class Exchange {
   /// Adds or replaces request headers: lines, each ended by CR LF.
   void addHeaders(std::string_view lines);
   void setTimeout(Timeout which, std::uint32_t milliseconds);
-  /// Sends the request with its body and waits until the answer's headers are there.
+  /// Calls `notify` inside `send`, right before a first byte of the request may go to the service.
+  /// On Windows that is when `send` starts, as WinINet does not tell.
+  void whenSending(std::function<void()> notify);
+  /// Sends the request with its body and waits until the answer's headers are there. The body must
+  /// outlive the exchange: an early answer comes before the last of it is on its way.
   ErrorCode send(std::string_view body);
+  /// Whether the last `send` may have brought the service a part of the request. Nothing reaches it
+  /// when its name is not known, a connection or a certificate is refused, or a proxy refuses the
+  /// tunnel or answers 407: a proxy that wants an account passes nothing on.
+  ///
+  /// On POSIX it is exact: libcurl counts the request's bytes on the connection to the service, or
+  /// to a proxy that passes them on. On Windows the failure tells: a code that says that there was
+  /// no connection means no, unless a kept connection to the same place may have been tried before;
+  /// everything else means yes.
+  [[nodiscard]] bool hasSent() const;
   /// The value as text, or nothing when the answer has none or it is longer than
   /// `longestQueryValue`.
   [[nodiscard]] std::optional<std::string> query(Info what) const;
-  /// Asks the person for the proxy's account (`setProxyLogIn`); true when the request shall be sent
-  /// again with it.
+  /// Asks the person for the account of the proxy that answered 407 (`setProxyLogIn`); true when
+  /// the request shall be sent again with it. False when no proxy is in use.
   bool logInToProxy();
   /// How many bytes the body is said to have, as far as that is known without a further step; 0
   /// otherwise. Only a hint.

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 /// The transport's side of `setProxyLogIn`.
 namespace ktpnaips::http {
@@ -11,7 +12,15 @@ namespace ktpnaips::http {
 /// Whether somebody was installed to ask for proxies' accounts.
 bool hasProxyLogIn();
 
-/// Asks whoever is; nothing when nobody is, or who is asked gives up.
-std::optional<ProxyCredentials> askForProxyAccount(std::wstring_view host);
+/// The log-ins to a proxy in one exchange.
+class ProxyLogIns {
+ public:
+  /// Calls the installed log-in; nothing when there is none, when it gives up, and when it gives an
+  /// account for the third time.
+  std::optional<ProxyCredentials> next(std::wstring_view host);
+
+ private:
+  std::vector<ProxyCredentials> given_;
+};
 
 }  // namespace ktpnaips::http

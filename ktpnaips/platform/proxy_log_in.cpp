@@ -2,6 +2,7 @@
 #include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/proxy_log_in.h>
 
+#include <algorithm>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -41,9 +42,14 @@ bool hasProxyLogIn() {
   return currentLogIn() != nullptr;
 }
 
-std::optional<ProxyCredentials> askForProxyAccount(std::wstring_view host) {
+std::optional<ProxyCredentials> ProxyLogIns::next(std::wstring_view host) {
+  constexpr auto mostTries = 2;
   const std::shared_ptr<const ProxyLogIn> ask = currentLogIn();
-  return ask ? (*ask)(host) : std::nullopt;
+  if (!ask) return std::nullopt;
+  auto account = (*ask)(host, static_cast<int>(given_.size()) + 1);
+  if (!account || std::ranges::count(given_, *account) == mostTries) return std::nullopt;
+  given_.push_back(*account);
+  return account;
 }
 
 }  // namespace http

@@ -11,14 +11,20 @@ namespace ktpnaips {
 struct ProxyCredentials {
   std::wstring user;      ///< as the proxy knows it
   std::wstring password;  ///< to `user`
+
+  bool operator==(const ProxyCredentials&) const = default;  ///< the same account
 };
 
-/// Asks a person for the account of the proxy with this host name; nothing means given up.
-using ProxyLogIn = std::function<std::optional<ProxyCredentials>(std::wstring_view proxyHost)>;
+/// Gives the account for the proxy with this host name, as a person does who is asked; nothing
+/// means given up. `attempt` counts from 1 in each `submit`: from the second on the proxy has
+/// refused what was given before. An account that was tried twice is not tried a third time.
+using ProxyLogIn =
+    std::function<std::optional<ProxyCredentials>(std::wstring_view proxyHost, int attempt)>;
 
-/// Sets what asks for a proxy's account when a proxy answers 407; an empty function restores the
-/// default: the system's dialogue on Windows, giving up at once elsewhere. For the whole process,
-/// from any thread; the function is called on the thread that waits in `submit`.
+/// Sets what gives a proxy's account when the proxy of a call answers 407; an empty function
+/// restores the default: the system's dialogue on Windows, giving up at once elsewhere. A service
+/// that answers 407 without a proxy is not given one. For the whole process, from any thread; the
+/// function is called on the thread that waits in `submit`.
 void setProxyLogIn(ProxyLogIn logIn);
 
 }  // namespace ktpnaips

@@ -11,6 +11,10 @@ namespace ktpnaips::terminal {
 /// The program's arguments as UTF-8, its name left out.
 std::vector<std::string> arguments(int argc, char** argv);
 
+/// Keeps the places of standard streams that are closed from being taken by files and connections,
+/// which would then be written to.
+void keepStreamsApart();
+
 /// True when standard input and standard error are a terminal, so that questions can be asked.
 bool canAsk();
 /// Standard output and standard error.

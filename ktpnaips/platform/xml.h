@@ -92,9 +92,10 @@ class Node {
 
 /// Where and why a text stopped being XML.
 struct ParseFailure {
-  int line = 0;         ///< from 1; 0 when unknown
-  int column = 0;       ///< from 1; 0 when unknown
-  std::wstring reason;  ///< what the parser says
+  int line = 0;             ///< from 1; 0 when unknown
+  int column = 0;           ///< from 1; 0 when unknown
+  std::wstring reason;      ///< what the parser says
+  bool isTooLarge = false;  ///< the text may be XML, but of more nodes than a document may have
 };
 
 /// A document, or no document. White-space-only text of a parsed document is no node.

@@ -13,15 +13,19 @@ using modBrevank::addElement;
 
 namespace {
 
-constexpr Operation newBulletin{service::briefing, L"spfib-rqs", L"spfib",
-                                inClass(L"submit", L"SPFIBRequest"), appendToOf(L"SPFIBRequest")};
+constexpr Operation newBulletin{
+    service::briefing,           L"spfib-rqs",   L"spfib", inClass(L"submit", L"SPFIBRequest"),
+    appendToOf(L"SPFIBRequest"), Effect::changes};
 
 constexpr Operation getBulletin{service::briefing, L"get-spfib-rqs", L"get-spfib-rqs",
                                 inClass(L"submit", L"GetSPFIBRequest")};
 
-constexpr Operation updateBulletin{service::briefing, L"update-spfib-rqs", L"update-spfib-rqs",
+constexpr Operation updateBulletin{service::briefing,
+                                   L"update-spfib-rqs",
+                                   L"update-spfib-rqs",
                                    inClass(L"submit", L"MetBriefRequest"),
-                                   appendToOf(L"UpdateSPFIBRqs")};
+                                   appendToOf(L"UpdateSPFIBRqs"),
+                                   Effect::changes};
 
 std::shared_ptr<SPFIBStageSpec> readStage(const xml::Node& from) {
   auto stage = std::make_shared<SPFIBStageSpec>();

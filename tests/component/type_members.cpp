@@ -1,6 +1,7 @@
 #include "tests/component/type_members.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <stdexcept>
 #include <string_view>
@@ -63,6 +64,59 @@ Function functionOf(ITypeInfo* info, const FUNCDESC& description, const std::vec
     function.parameters.pop_back();
   }
   return function;
+}
+
+std::string textOf(const GUID& id) {
+  std::array<wchar_t, 39> text{};
+  StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
+  return narrow(text.data());
+}
+
+/// A type as a compiler sees it.
+std::string declared(ITypeInfo* info, const TYPEDESC& type) {
+  if (type.vt == VT_PTR) return declared(info, *type.lptdesc) + '*';
+  if (type.vt != VT_USERDEFINED) return "type " + std::to_string(type.vt);
+  TypeInfo target;
+  check(info->GetRefTypeInfo(type.hreftype, &target), "GetRefTypeInfo");
+  return nameOf(target.Get());
+}
+
+std::string lineOf(ITypeInfo* info, const FUNCDESC& function) {
+  BSTR name = nullptr;
+  check(info->GetDocumentation(function.memid, &name, nullptr, nullptr, nullptr),
+        "GetDocumentation");
+  std::string line = takeText(name) + ": number " + std::to_string(function.memid) + ", place " +
+                     std::to_string(static_cast<std::size_t>(function.oVft) / sizeof(void*)) +
+                     ", kind " + std::to_string(function.invkind) + ", flags " +
+                     std::to_string(function.wFuncFlags) + ", " +
+                     declared(info, function.elemdescFunc.tdesc) + '(';
+  for (SHORT each = 0; each < function.cParams; ++each) {
+    const ELEMDESC& parameter = function.lprgelemdescParam[each];
+    if (each != 0) line += ", ";
+    line += std::to_string(parameter.paramdesc.wParamFlags) + ' ' + declared(info, parameter.tdesc);
+  }
+  return line + ')';
+}
+
+void addLines(ITypeInfo* info, std::vector<std::string>& into) {
+  const Attributes attributes = attributesOf(info);
+  const std::string name = nameOf(info);
+  std::string line = name + ": kind " + std::to_string(attributes.kind) + ", flags " +
+                     std::to_string(attributes.flags) + ", " + textOf(attributes.id);
+  for (UINT index = 0; index < attributes.implemented; ++index) {
+    HREFTYPE reference = 0;
+    TypeInfo base;
+    check(info->GetRefTypeOfImplType(index, &reference), "GetRefTypeOfImplType");
+    check(info->GetRefTypeInfo(reference, &base), "GetRefTypeInfo");
+    line += ", " + nameOf(base.Get());
+  }
+  into.push_back(std::move(line));
+  for (UINT index = 0; index < attributes.functions; ++index) {
+    FUNCDESC* function = nullptr;
+    check(info->GetFuncDesc(index, &function), "GetFuncDesc");
+    into.push_back(name + '.' + lineOf(info, *function));
+    info->ReleaseFuncDesc(function);
+  }
 }
 
 void addFunctions(ITypeInfo* info, const std::vector<Type>& known, std::vector<Function>& into) {
@@ -129,6 +183,22 @@ std::vector<Function> functionsOf(ITypeInfo* interfaceInfo, const std::vector<Ty
            });
   });
   return functions;
+}
+
+std::vector<std::string> linesOf(ITypeLib* library) {
+  std::vector<std::string> lines;
+  for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
+    TypeInfo info;
+    check(library->GetTypeInfo(index, &info), "GetTypeInfo");
+    HREFTYPE reference = 0;
+    constexpr UINT dualPartner = static_cast<UINT>(-1);
+    if (attributesOf(info.Get()).isDual &&
+        info->GetRefTypeOfImplType(dualPartner, &reference) == S_OK) {
+      check(info->GetRefTypeInfo(reference, &info), "GetRefTypeInfo");
+    }
+    addLines(info.Get(), lines);
+  }
+  return lines;
 }
 
 }  // namespace members

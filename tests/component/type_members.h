@@ -37,4 +37,9 @@ TypeInfo implementedInterface(ITypeInfo* type, UINT index);
 /// out.
 std::vector<Function> functionsOf(ITypeInfo* interfaceInfo, const std::vector<Type>& known);
 
+/// All that a compiled host depends on: for each type a line with its identifier, its flags and
+/// what it implements, for each member one with its number, its place and its types, in order and
+/// behind the type's name.
+std::vector<std::string> linesOf(ITypeLib* library);
+
 }  // namespace members

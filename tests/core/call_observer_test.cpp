@@ -1,11 +1,15 @@
 #include <ktpnaips/core/authenticate.h>
 #include <ktpnaips/core/call_observer.h>
 #include <ktpnaips/core/deployment.h>
+#include <ktpnaips/core/groups.h>
 #include <ktpnaips/core/naips_config.h>
+#include <ktpnaips/core/password.h>
 #include <ktpnaips/core/request_document.h>
+#include <ktpnaips/platform/proxy_log_in.h>
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <stdexcept>
 #include <string>
@@ -14,6 +18,7 @@
 #include <vector>
 
 #include "tests/support/failure_recorder.h"
+#include "tests/support/proxy_settings.h"
 #include "tests/support/raw_server.h"
 #include "tests/support/settings.h"
 #include "tests/support/soap.h"
@@ -130,6 +135,112 @@ TEST_F(ObservedCall, ThatNothingAnswersHasAFailureInPlaceOfAStatus) {
   EXPECT_TRUE(call.failure.starts_with("HttpSendRequest call failed: ")) << call.failure;
   EXPECT_EQ(call.untilAnswer, microseconds(0));
   EXPECT_GT(call.untilEnd, microseconds(0));
+}
+
+TEST_F(ObservedCall, HasTheContentTypeOfItsAnswer) {
+  std::string contentType;
+  setCallObserver([&](const ServiceCall& call) { contentType = call.contentType; });
+  logInAt("200 OK", test::success(""));
+  EXPECT_EQ(contentType, "text/xml");
+}
+
+/// What an observer is told when the first byte is about to go out.
+class SentCall : public ObservedCall {
+ protected:
+  SentCall() {
+    setSendingObserver([this](const ServiceCall& call) {
+      sent_.push_back({std::wstring(call.requestName), std::wstring(call.url), call.bytesSent, 0,
+                       call.status, std::string(call.failure), call.untilAnswer, call.untilEnd,
+                       call.request(), call.answer(), std::this_thread::get_id()});
+      changes_ = call.changes;
+      isTold_ = true;
+    });
+  }
+  ~SentCall() override { setSendingObserver({}); }
+
+  std::vector<Seen> sent_;
+  bool changes_ = false;
+  std::atomic<bool> isTold_ = false;
+};
+
+TEST_F(SentCall, IsToldBeforeTheServiceHasIt) {
+  std::atomic<bool> wasTold = false;
+  const test::RawServer server([&](test::Peer& peer) {
+    peer.waitForBytes();
+    wasTold = isTold_.load();
+    peer.readRequest();
+  });
+  EXPECT_TRUE(logIn(server.address())->Error());
+  EXPECT_TRUE(wasTold);
+  ASSERT_EQ(sent_.size(), 1U);
+  const Seen& call = sent_.front();
+  const std::string document = requestDocument(AuthenticateRqs());
+  EXPECT_EQ(call.requestName, L"authenticate-rqs");
+  EXPECT_EQ(call.url, L"http://relay.test/naips/account-service");
+  EXPECT_EQ(call.bytesSent, document.size());
+  EXPECT_EQ(call.request, withHiddenPassword(document));
+  EXPECT_EQ(call.status, "");
+  EXPECT_EQ(call.answer, "");
+  EXPECT_EQ(call.failure, "");
+  EXPECT_EQ(call.untilAnswer, microseconds(0));
+  EXPECT_EQ(call.untilEnd, microseconds(0));
+  EXPECT_EQ(call.thread, std::this_thread::get_id());
+  EXPECT_FALSE(changes_);
+}
+
+TEST_F(SentCall, IsSaidToChangeSomethingWhenItDoes) {
+  const test::RawServer server([](test::Peer& peer) { peer.readRequest(); });
+  Deployment deployment;
+  deployment.connectTo = server.address();
+  const test::ScopedDeployment scoped(deployment);
+  ChangePasswordRqs().submit();
+  EXPECT_TRUE(changes_);
+  GetGroupAffiliationRqs().submit();
+  EXPECT_FALSE(changes_);
+}
+
+TEST_F(SentCall, IsToldAgainWhenAProxyWantsAnAccountFirst) {
+  const test::RawServer proxy({[](test::Peer& peer) {
+                                 peer.readRequest();
+                                 peer.write(
+                                     "HTTP/1.1 407 Log in\r\nProxy-Authenticate: Basic "
+                                     "realm=\"p\"\r\nContent-Length: 0\r\nConnection: "
+                                     "close\r\n\r\n");
+                               },
+                               [](test::Peer& peer) {
+                                 peer.readRequest();
+                                 peer.write(
+                                     "HTTP/1.1 500 No\r\nContent-Length: 0\r\nConnection: "
+                                     "close\r\n\r\n");
+                               }});
+  const test::ScopedProxy use("127.0.0.1:" + std::to_string(proxy.port()));
+  std::size_t toldBefore = 0;
+  setProxyLogIn([&](std::wstring_view, int) {
+    toldBefore = sent_.size();
+    return ProxyCredentials{L"Aladdin", L"open sesame"};
+  });
+  logIn({});
+  setProxyLogIn({});
+  EXPECT_EQ(toldBefore, 1U);
+  EXPECT_EQ(sent_.size(), 2U);
+}
+
+TEST_F(SentCall, IsToldWithoutAnObserverOfItsEnd) {
+  setCallObserver({});
+  logInAt("200 OK", test::success(""));
+  EXPECT_EQ(sent_.size(), 1U);
+  setSendingObserver({});
+  logInAt("200 OK", test::success(""));
+  EXPECT_EQ(sent_.size(), 1U);
+}
+
+TEST_F(SentCall, IsWorthAsMuchWhenTheObserverThrows) {
+  setSendingObserver([](const ServiceCall&) { throw std::runtime_error("disk is full"); });
+  const test::FailureRecorder failures;
+  EXPECT_FALSE(logInAt("200 OK", test::success(""))->Error());
+  EXPECT_EQ(failures.reports(),
+            test::Reports{L"Error 51 (Internal error: disk is full) in procedure winInetSend of "
+                          L"Module winInet"});
 }
 
 TEST_F(ObservedCall, IsNotToldOnceTheObserverIsRemoved) {

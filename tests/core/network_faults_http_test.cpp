@@ -15,7 +15,9 @@ INSTANTIATE_TEST_SUITE_P(Http, NetworkFaults, testing::ValuesIn(networkFaults())
 TEST_P(NetworkFaults, ShowTheHostWhatHappened) {
   const RawServer server(GetParam().misbehave);
   const SubmitsTo there(server.address(), GetParam().receiveLimit);
-  expectSeen(fileFlightPlan(), GetParam().expected());
+  const SubmitOutcome outcome = fileFlightPlan();
+  expectSeen(outcome, GetParam().expected());
+  EXPECT_EQ(outcome.outcome, outcome.isError ? Outcome::inDoubt : Outcome::success);
 }
 
 }  // namespace

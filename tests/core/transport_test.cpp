@@ -116,12 +116,13 @@ TEST(ApiErrorText, StartsWithTheMessageOfTheCode) {
             test::expectations().http.hasText(12152));
 }
 
-TEST(Transport, ReturnsTheMessageOfTheConnectStepForAUrlThatCannotBeSplit) {
+TEST(Transport, SaysThatTheConnectStepFailedForAUrlThatCannotBeSplit) {
   const test::FailureRecorder recorder;
-  const std::string answer = winInet::winInetSend(L"/account-service", L"name", "<a/>");
-  EXPECT_TRUE(answer.starts_with("InternetConnect call failed: ")) << answer;
-  EXPECT_NE(answer.find("  Dec: "), std::string::npos) << answer;
-  EXPECT_NE(answer.find("\tHex: "), std::string::npos) << answer;
+  const winInet::Answer answer = winInet::winInetSend(L"/account-service", L"name", "<a/>");
+  ASSERT_TRUE(answer.failure);
+  EXPECT_EQ(answer.failure->step, L"InternetConnect");
+  EXPECT_EQ(answer.failure->message, winInet::apiErrorText(answer.failure->code));
+  EXPECT_FALSE(answer.hasSent);
   EXPECT_EQ(recorder.reports(),
             test::Reports{L"Error 5 (Invalid procedure call or argument) in procedure splitURL of "
                           L"Module winInet"});

@@ -78,8 +78,26 @@ TEST_F(OutputFiles, TwoAtOnceDoNotDisturbEachOther) {
   second.write("second");
   first.finish();
   EXPECT_EQ(content(), "first");
-  second.finish();
-  EXPECT_EQ(content(), "second");
+  EXPECT_THROW(second.finish(), std::runtime_error);
+  EXPECT_EQ(content(), "first");
+}
+
+TEST_F(OutputFiles, ReplaceWhatAppearedMeanwhileWhenToldTo) {
+  OutputFile output(file(), true);
+  output.write("new");
+  write("meanwhile");
+  output.finish();
+  EXPECT_EQ(content(), "new");
+  EXPECT_EQ(filesThere(), 1);
+}
+
+TEST_F(OutputFiles, AreWrittenThroughNoLinkThatWasPlanted) {
+  write("old");
+  fs::create_symlink(file(), file() + ".1.part");
+  OutputFile output(file(), true);
+  EXPECT_NE(output.partial(), file() + ".1.part");
+  output.write("new");
+  EXPECT_EQ(content(), "old");
 }
 
 TEST_F(OutputFiles, AFolderThatIsMissingOrInTheWayIsRefused) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/base64.h"
 #include "cli/pack/html.h"
 #include "cli/pack/pictures.h"
 #include "cli/pack/text_parts.h"
@@ -13,7 +14,7 @@
 namespace {
 
 using namespace std::chrono_literals;
-using cli::pack::base64Of;
+using cli::base64Of;
 using cli::pack::mediaTypeOf;
 using cli::pack::partsOf;
 using cli::pack::SpanKind;

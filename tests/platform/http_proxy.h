@@ -49,7 +49,7 @@ class HttpProxy : public testing::Test {
     requests_.push_back(request);
   }
   void logInAs(const std::wstring& user, const std::wstring& password) {
-    setProxyLogIn([this, user, password](std::wstring_view host) {
+    setProxyLogIn([this, user, password](std::wstring_view host, int) {
       askedFor_.emplace_back(host);
       return ProxyCredentials{user, password};
     });

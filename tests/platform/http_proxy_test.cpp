@@ -59,7 +59,7 @@ TEST_F(HttpProxy, ReturnsA407WhenNobodyLogsIn) {
 TEST_F(HttpProxy, ReturnsA407WhenWhoIsAskedGivesUp) {
   const RawServer proxy(noting(refusal));
   const ScopedProxy use(address(proxy));
-  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  setProxyLogIn([](std::wstring_view, int) { return std::nullopt; });
   EXPECT_EQ(run({}).body, "who?");
 }
 
@@ -77,17 +77,60 @@ TEST_F(HttpProxy, SendsAgainWithTheAccountThatWasGiven) {
   EXPECT_TRUE(requests_.back().ends_with("\r\n\r\n<a/>"));
 }
 
-TEST_F(HttpProxy, AsksAgainWhenTheAccountIsRefused) {
+TEST_F(HttpProxy, AsksAgainWhenTheAccountIsRefusedAndSaysWhichAttemptItIs) {
   const RawServer proxy(asking());
   const ScopedProxy use(address(proxy));
-  setProxyLogIn([this](std::wstring_view host) {
-    askedFor_.emplace_back(host);
-    return ProxyCredentials{L"Aladdin", askedFor_.size() == 1 ? L"sesame" : L"open sesame"};
-  });
+  for (int call = 0; call < 2; ++call) {
+    std::vector<int> attempts;
+    setProxyLogIn([&](std::wstring_view, int attempt) {
+      attempts.push_back(attempt);
+      return ProxyCredentials{L"Aladdin", attempt == 1 ? L"sesame" : L"open sesame"};
+    });
+    const HttpOutcome outcome = run({});
+    EXPECT_EQ(outcome.status, "200");
+    EXPECT_EQ(outcome.logIns, 2);
+    EXPECT_EQ(attempts, (std::vector<int>{1, 2}));
+  }
+}
+
+TEST_F(HttpProxy, TriesTheSameAccountTwiceAndNotAThirdTime) {
+  const RawServer proxy(noting(refusal));
+  const ScopedProxy use(address(proxy));
+  logInAs(L"Aladdin", L"sesame");
   const HttpOutcome outcome = run({});
-  EXPECT_EQ(outcome.status, "200");
+  EXPECT_EQ(outcome.status, "407");
+  EXPECT_EQ(outcome.body, "who?");
   EXPECT_EQ(outcome.logIns, 2);
-  EXPECT_EQ(askedFor_.size(), 2U);
+  EXPECT_EQ(askedFor_.size(), 3U);
+}
+
+TEST_F(HttpProxy, TriesNoneOfTwoAccountsThatTakeTurnsAThirdTime) {
+  const RawServer proxy(noting(refusal));
+  const ScopedProxy use(address(proxy));
+  setProxyLogIn([](std::wstring_view, int attempt) {
+    return ProxyCredentials{attempt % 2 == 0 ? L"Aladdin" : L"Jasmine", L"sesame"};
+  });
+  EXPECT_EQ(run({}).logIns, 4);
+}
+
+TEST_F(HttpProxy, AsksForNoAccountWhenTheServiceAnswersLikeAProxy) {
+  const RawServer service(noting(refusal));
+  const RawServer proxy(noting(success));
+  const ScopedProxy use(address(proxy));
+  HttpCall call;
+  call.route.connectTo = service.address();
+  logInAs(L"Aladdin", L"open sesame");
+  const HttpOutcome outcome = run(call);
+  EXPECT_EQ(outcome.status, "407");
+  EXPECT_EQ(outcome.body, "who?");
+  EXPECT_EQ(askedFor_, std::vector<std::wstring>{});
+  EXPECT_EQ(service.connections(), 1);
+}
+
+TEST_F(HttpProxy, HasNotPassedOnWhatItWantsAnAccountFor) {
+  const RawServer proxy(noting(refusal));
+  const ScopedProxy use(address(proxy));
+  EXPECT_FALSE(run({}).isSent);
 }
 
 }  // namespace

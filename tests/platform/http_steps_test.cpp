@@ -157,6 +157,16 @@ TEST_F(HttpSteps, ReadsAChunkedBodyAndLeavesItsTrailersOut) {
   EXPECT_EQ(outcome.rawHeaders, "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
 }
 
+TEST_F(HttpSteps, TakesNoTrailerForAnotherAnswer) {
+  const HttpOutcome outcome = answeredWith(
+      "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+      "4\r\n<b/>\r\n0\r\nHTTP/1.1 500 Oops: 1\r\n\r\n");
+  EXPECT_EQ(outcome.status, "200");
+  EXPECT_EQ(outcome.body, "<b/>");
+  EXPECT_TRUE(outcome.bodyIsWhole);
+  EXPECT_EQ(outcome.rawHeaders, "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+}
+
 TEST_F(HttpSteps, ReadsABodyThatEndsWithTheConnection) {
   const HttpOutcome outcome = answeredWith("HTTP/1.0 200 OK\r\n\r\n<b/>");
   EXPECT_EQ(outcome.body, "<b/>");

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 #include <ktpnaips/platform/http.h>
+#include <ktpnaips/platform/posix/http_certificates.h>
 #include <ktpnaips/platform/text.h>
+#include <openssl/ssl.h>
 
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <string>
 #include <thread>
@@ -192,6 +195,52 @@ TEST_F(HttpTls, TrustsTheFolderOfIssuersThatTheEnvironmentNames) {
   const ScopedEnvironment noFile("SSL_CERT_FILE", std::nullopt);
   const ScopedEnvironment issuers("SSL_CERT_DIR", folder.path().string());
   EXPECT_EQ(run(call).code, 0U);
+}
+
+/// Notes how many issuers are loaded when a certificate is to be verified, and accepts it.
+int countIssuers(X509_STORE_CTX* verification, void* counts) {
+  X509_STORE* const store = X509_STORE_CTX_get0_store(verification);
+  static_cast<std::vector<int>*>(counts)->push_back(
+      sk_X509_OBJECT_num(X509_STORE_get0_objects(store)));
+  return 1;
+}
+
+CURLcode countWhenVerifying(CURL*, void* context, void* counts) {
+  SSL_CTX_set_cert_verify_callback(static_cast<SSL_CTX*>(context), countIssuers, counts);
+  return CURLE_OK;
+}
+
+/// How many issuers are loaded for each TLS connection of a call.
+std::vector<int> issuersLoadedFor(const std::string& url, const std::string& proxy) {
+  std::vector<int> counts;
+  const http::CertificatePolicy policy;
+  const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> easy(curl_easy_init(),
+                                                                 curl_easy_cleanup);
+  http::applyPolicy(easy.get(), policy);
+  curl_easy_setopt(easy.get(), CURLOPT_SSL_CTX_FUNCTION, &countWhenVerifying);
+  curl_easy_setopt(easy.get(), CURLOPT_SSL_CTX_DATA, &counts);
+  curl_easy_setopt(easy.get(), CURLOPT_URL, url.c_str());
+  curl_easy_setopt(easy.get(), CURLOPT_PROXY, proxy.c_str());
+  curl_easy_perform(easy.get());
+  return counts;
+}
+
+TEST_F(HttpTls, TrustsTheFolderOfIssuersInPlaceOfTheSystemsAlsoForAProxy) {
+  const ScratchFolder folder;
+  const RawServer server(answering(authority_.server({})));
+  const std::string url = "https://127.0.0.1:" + std::to_string(server.port());
+  const ScopedEnvironment noFile("SSL_CERT_FILE", std::nullopt);
+  const ScopedEnvironment noFolder("SSL_CERT_DIR", std::nullopt);
+  for (const bool isProxy : {false, true}) {
+    const auto issuersLoaded = [&] {
+      return issuersLoadedFor(isProxy ? "https://naips.example" : url, isProxy ? url : "");
+    };
+    const std::vector<int> systems = issuersLoaded();
+    ASSERT_EQ(systems.size(), 1U);
+    EXPECT_GT(systems.front(), 50);
+    const ScopedEnvironment issuers("SSL_CERT_DIR", folder.path().string());
+    EXPECT_EQ(issuersLoaded(), std::vector<int>{0});
+  }
 }
 
 TEST_F(HttpTls, ResumesTheSessionOnTheNextCallOfAThread) {

@@ -36,7 +36,7 @@ TEST(Program, GetsItsArgumentsAsTheyStand) {
                                        "tab\there"};
   std::vector<std::string> arguments{file.string()};
   arguments.insert(arguments.end(), given.begin(), given.end());
-  EXPECT_TRUE(program::run(called, arguments, 1min));
+  EXPECT_TRUE(program::run(called, arguments, "", 1min));
 
   std::string expected;
   for (const std::string& each : given) expected += each + '\n';
@@ -44,18 +44,24 @@ TEST(Program, GetsItsArgumentsAsTheyStand) {
 }
 
 TEST(Program, SucceedsWithStatusZeroAlone) {
-  EXPECT_TRUE(program::run(called, {"status", "0"}, 1min));
-  EXPECT_FALSE(program::run(called, {"status", "1"}, 1min));
-  EXPECT_FALSE(program::run(called, {"status", "255"}, 1min));
+  EXPECT_TRUE(program::run(called, {"status", "0"}, "", 1min));
+  EXPECT_FALSE(program::run(called, {"status", "1"}, "", 1min));
+  EXPECT_FALSE(program::run(called, {"status", "255"}, "", 1min));
 }
 
 TEST(Program, HasNothingToRead) {
-  EXPECT_TRUE(program::run(called, {"read"}, 1min));
+  EXPECT_TRUE(program::run(called, {"read"}, "", 1min));
+}
+
+TEST(Program, GetsTheEnvironmentButWhatIsWithheld) {
+  EXPECT_TRUE(program::run(called, {"has", "PATH"}, "", 1min));
+  EXPECT_FALSE(program::run(called, {"has", "PATH"}, "PATH", 1min));
+  EXPECT_TRUE(program::run(called, {"has", "PATH"}, "PAT", 1min));
 }
 
 TEST(Program, IsEndedAtItsTimeLimit) {
   const auto start = std::chrono::steady_clock::now();
-  EXPECT_FALSE(program::run(called, {"wait"}, 1s));
+  EXPECT_FALSE(program::run(called, {"wait"}, "", 1s));
   const auto taken = std::chrono::steady_clock::now() - start;
   EXPECT_GE(taken, 1s);
   EXPECT_LT(taken, 30s);
@@ -63,7 +69,7 @@ TEST(Program, IsEndedAtItsTimeLimit) {
 
 TEST(Program, ThatIsNotThereDoesNotSucceed) {
   const test::ScratchFolder folder;
-  EXPECT_FALSE(program::run(folder.path() / "none", {}, 1min));
+  EXPECT_FALSE(program::run(folder.path() / "none", {}, "", 1min));
 }
 
 }  // namespace

@@ -204,5 +204,20 @@ TEST(XmlAttacks, CopyLittleForEachError) {
   }
 }
 
+TEST(XmlNodes, OfADocumentAreFourMillionAtMost) {
+  const auto ofElements = [](std::size_t count) {
+    return "<r>" + repeated("<a/>", count) + "</r>";
+  };
+  ParseFailure failure;
+  EXPECT_TRUE(Document::parse(ofElements(4'194'000), &failure));
+  EXPECT_FALSE(Document::parse(ofElements(4'194'400), &failure));
+  EXPECT_EQ(failure.reason, L"the document has more than 4 million nodes");
+  EXPECT_TRUE(failure.isTooLarge);
+  EXPECT_FALSE(Document::parse(std::string(1'100, '<'), &failure));
+  EXPECT_FALSE(failure.isTooLarge);
+  EXPECT_FALSE(Document::parse("<!DOCTYPE a><a/>", &failure));
+  EXPECT_FALSE(failure.isTooLarge);
+}
+
 }  // namespace
 }  // namespace ktpnaips

@@ -54,6 +54,7 @@ HttpOutcome run(const HttpCall& call) {
   if (outcome.code != 0) return outcome;
   for (;;) {
     outcome.code = exchange.send(call.body);
+    outcome.isSent = exchange.hasSent();
     if (outcome.code != 0) return outcome;
     outcome.status = exchange.query(http::Info::statusCode).value_or("");
     if (outcome.status != "407" || !exchange.logInToProxy()) break;

@@ -35,6 +35,7 @@ struct HttpOutcome {
   std::optional<std::string> rawHeaders;
   std::string body;
   bool bodyIsWhole = false;
+  bool isSent = false;
   int logIns = 0;
 };
 

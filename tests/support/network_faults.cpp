@@ -287,7 +287,7 @@ SubmitOutcome fileFlightPlan() {
   stage->Route(std::make_shared<ICAORoute>());
   request.Notification()->Add(stage);
   const auto response = request.submit();
-  return {response->Error(), response->ErrorText(), recorder.reports()};
+  return {response->Error(), response->outcome(), response->ErrorText(), recorder.reports()};
 }
 
 struct SubmitsTo::Scope {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ktpnaips/core/outcome.h>
+
 #include <cstdint>
 #include <memory>
 #include <ostream>
@@ -53,6 +55,7 @@ std::vector<NetworkFault> networkFaults();
 /// What a submit came to.
 struct SubmitOutcome {
   bool isError = false;
+  Outcome outcome = Outcome::none;
   std::wstring errorText;
   std::vector<std::wstring> reports;
 };

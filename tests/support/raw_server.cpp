@@ -131,8 +131,9 @@ struct RawServer::Listener {
   tcp::acceptor acceptor{io, loopback(0), false};
 };
 
-RawServer::RawServer(std::vector<Script> scripts)
+RawServer::RawServer(std::vector<Script> scripts, int mostConnections)
     : scripts_(std::move(scripts)),
+      mostConnections_(mostConnections),
       listener_(std::make_unique<Listener>()),
       port_(listener_->acceptor.local_endpoint().port()),
       thread_([this] { serve(); }) {}
@@ -161,12 +162,15 @@ void RawServer::serve() {
       return;
     }
     const auto index = static_cast<std::size_t>(connections_++);
+    const bool isLast = connections_ == mostConnections_;
+    if (isLast) listener_->acceptor.close();
     try {
       Peer peer(connection);
       scripts_[std::min(index, scripts_.size() - 1)](peer);
     } catch (const std::exception&) {
-      continue;  // the client went away, which its test sees from its own side
+      // The client went away, which its test sees from its own side.
     }
+    if (isLast) return;
   }
 }
 

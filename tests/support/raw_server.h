@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -53,7 +54,8 @@ class RawServer {
  public:
   using Script = std::function<void(Peer&)>;
 
-  explicit RawServer(std::vector<Script> scripts);
+  /// Refuses connections after so many.
+  explicit RawServer(std::vector<Script> scripts, int mostConnections = INT_MAX);
   explicit RawServer(Script script) : RawServer(std::vector<Script>{std::move(script)}) {}
   ~RawServer();
   RawServer(const RawServer&) = delete;
@@ -70,6 +72,7 @@ class RawServer {
   void serve();
 
   std::vector<Script> scripts_;
+  int mostConnections_;
   std::unique_ptr<Listener> listener_;
   std::uint16_t port_ = 0;
   std::atomic<int> connections_ = 0;

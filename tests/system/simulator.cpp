@@ -18,12 +18,13 @@
 namespace simulator {
 namespace {
 
-/// Asks the simulator itself; its answer's text. Wine on a busy machine loses one now and then.
+/// Asks the simulator itself; its answer. Wine on a busy machine loses one now and then.
 std::string control(std::string_view what, std::string_view body = {}) {
   const std::wstring url = L"http://simulator/control/" + ktpnaips::text::fromUtf8(what);
   std::string answer;
   for (int attempt = 0; attempt < 3 && answer.empty(); ++attempt) {
-    answer = ktpnaips::winInet::winInetSend(url, L"", body);
+    const auto sent = ktpnaips::winInet::winInetSend(url, L"", body);
+    answer = sent.headers + sent.body;
   }
   return answer;
 }

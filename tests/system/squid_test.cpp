@@ -26,7 +26,7 @@ class SquidProxy : public testing::Test {
   ~SquidProxy() override { setProxyLogIn({}); }
 
   void logInAs(const std::wstring& user, const std::wstring& password) {
-    setProxyLogIn([=, this](std::wstring_view) {
+    setProxyLogIn([=, this](std::wstring_view, int) {
       return timesAsked++ == 0 ? std::optional(ProxyCredentials{user, password}) : std::nullopt;
     });
   }
@@ -60,7 +60,7 @@ class SquidProxy : public testing::Test {
 };
 
 TEST_F(SquidProxy, RefusesWhoDoesNotLogIn) {
-  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  setProxyLogIn([](std::wstring_view, int) { return std::nullopt; });
   const test::HttpOutcome outcome = run(plainCall());
   EXPECT_EQ(outcome.status, "407");
   EXPECT_NE(outcome.body.find("<html"), std::string::npos);
@@ -85,7 +85,7 @@ TEST_F(SquidProxy, RefusesAWrongPassword) {
 }
 
 TEST_F(SquidProxy, RefusesATunnelToWhoDoesNotLogIn) {
-  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  setProxyLogIn([](std::wstring_view, int) { return std::nullopt; });
   const test::HttpOutcome outcome = run(securedCall());
   EXPECT_EQ(outcome.code, 0U);
   EXPECT_EQ(outcome.status, "407");
@@ -136,7 +136,7 @@ TEST_F(SubmitThroughSquid, ASubmitIsAnsweredByTheServiceOnceLoggedIn) {
 }
 
 TEST_F(SubmitThroughSquid, ASubmitReportsTheProxysAnswerWithItsHeadersWhenNobodyLogsIn) {
-  setProxyLogIn([](std::wstring_view) { return std::nullopt; });
+  setProxyLogIn([](std::wstring_view, int) { return std::nullopt; });
   const test::FailureRecorder failures;
   const auto response = AuthenticateRqs().submit();
   EXPECT_TRUE(response->Error());

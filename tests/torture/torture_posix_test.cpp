@@ -132,6 +132,7 @@ struct Seen {
   bool hasResponse = false;
   bool hasEscaped = false;  ///< a failed allocation reached the host
   bool error = false;
+  Outcome outcome = Outcome::none;
   std::wstring errorText;
   std::string content;
   std::map<std::string, std::string> namedFiles;  ///< those that the response names
@@ -341,6 +342,7 @@ class Torture : public testing::TestWithParam<Scenario> {
     }
     if (response == nullptr) return seen;
     seen.error = response->Error();
+    seen.outcome = response->outcome();
     seen.errorText = response->ErrorText();
     seen.content = GetParam().content(*response);
     for (const std::wstring& file : GetParam().files(*response)) {
@@ -386,6 +388,7 @@ class Torture : public testing::TestWithParam<Scenario> {
     }
     const std::wstring unrecognised = L"SOAP Fault: Unrecognised response.  Details below.\r\n";
     const bool isReported = !seen.reports.empty();
+    if (seen.outcome == Outcome::success && seen.error) complain("no success");
     if (seen.hasEscaped) {
       result.outcome = "out of memory, to the host";
       if (!result.steps.hasFailed || !result.steps.at->allocates()) complain("let pass");
@@ -475,6 +478,10 @@ class Torture : public testing::TestWithParam<Scenario> {
     const std::vector<std::string> requests = service_.takeRequests();
     if (requests.size() > before + 2) result.problems.emplace_back("sent more than once");
     if (requests.size() < before + 1) result.problems.emplace_back("not sent");
+    const bool isDenied = failed.outcome == Outcome::none || failed.outcome == Outcome::notSent;
+    if (requests.size() == before + 2 && failed.hasResponse && isDenied) {
+      result.problems.push_back("sent, which the outcome denies: " + described(failed));
+    }
     for (std::size_t i = 0; i < requests.size(); ++i) {
       const bool isOfFailed = requests.size() == before + 2 && i == before;
       const bool mayDiffer = isOfFailed && !failed.reports.empty();

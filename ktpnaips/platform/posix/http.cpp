@@ -54,6 +54,24 @@ struct Exchange::Handles {
   std::string host;
   std::uint16_t port = 0;
   std::string scheme;
+  bool hasTried = false;  // to send by the transfer, which keeps the figures of the last call
+  ProxyLogIns logIns;
+
+  /// Once for the exchange: a log-in adds to it.
+  ErrorCode chooseProxy() {
+    if (hasTried || !settings.connectTo.empty()) return 0;
+    ProxyChoice choice = environmentProxy(scheme, host);
+    if (!choice.brokenVariable.empty())
+      return error::fail(error::invalidUrl, "that of the proxy in " + choice.brokenVariable);
+    settings.proxy = std::move(choice.proxy);
+    return 0;
+  }
+  /// Whether the answer is a proxy's wish for an account, and not one of the service.
+  [[nodiscard]] bool isAskedByProxy() const {
+    if (!hasTried || !settings.proxy || !settings.proxy->speaksHttp) return false;
+    const bool hasTunnel = scheme == "https" && transfer->isBehindTunnel();
+    return !hasTunnel && transfer->answer().query(Info::statusCode) == "407";
+  }
 };
 
 Exchange::Exchange() : handles_(std::make_unique<Handles>()) {}
@@ -119,6 +137,10 @@ void Exchange::setTimeout(Timeout which, std::uint32_t milliseconds) {
   }
 }
 
+void Exchange::whenSending(std::function<void()> notify) {
+  handles_->settings.whenSending = std::move(notify);
+}
+
 ErrorCode Exchange::send(std::string_view body) {
   error::forgetFailure();
   if (!handles_->transfer || handles_->settings.url.empty())
@@ -126,7 +148,13 @@ ErrorCode Exchange::send(std::string_view body) {
   const bool isRedirected = !handles_->settings.connectTo.empty();
   if (!canBeHostName(handles_->host) && !(isRedirected && readHostAndPort(handles_->host)))
     return error::fail(error::nameNotResolved, "'" + handles_->host + "' is not a host name");
+  if (const ErrorCode code = handles_->chooseProxy()) return code;
+  handles_->hasTried = true;
   return handles_->transfer->send(handles_->settings, body);
+}
+
+bool Exchange::hasSent() const {
+  return handles_->hasTried && handles_->transfer->hasSent() && !handles_->isAskedByProxy();
 }
 
 std::optional<std::string> Exchange::query(Info what) const {
@@ -134,20 +162,13 @@ std::optional<std::string> Exchange::query(Info what) const {
 }
 
 bool Exchange::logInToProxy() {
-  if (!handles_->transfer) return false;
-  RequestSettings& settings = handles_->settings;
-  const std::optional<Proxy> proxy =
-      settings.connectTo.empty() ? environmentProxy(handles_->scheme) : std::nullopt;
-  const auto given = askForProxyAccount(text::fromUtf8(proxy ? proxy->host : handles_->host));
+  if (!handles_->isAskedByProxy()) return false;
+  Proxy& proxy = *handles_->settings.proxy;
+  const auto given = handles_->logIns.next(text::fromUtf8(proxy.host));
   if (!given) return false;
-  const std::string user = text::toUtf8(given->user);
-  const std::string password = text::toUtf8(given->password);
   const bool digest = (handles_->transfer->offeredProxyLogIns() & CURLAUTH_DIGEST) != 0;
-  if (proxy)
-    settings.proxyAccount =
-        ProxyAccount{proxy->url, user, password, digest ? CURLAUTH_DIGEST : CURLAUTH_BASIC};
-  else  // a gateway that asks like a proxy
-    addOrReplace(settings.headerLines, basicProxyAuthorization(user, password));
+  proxy.account = ProxyAccount{text::toUtf8(given->user), text::toUtf8(given->password),
+                               digest ? CURLAUTH_DIGEST : CURLAUTH_BASIC};
   return true;
 }
 

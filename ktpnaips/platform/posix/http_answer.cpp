@@ -1,7 +1,8 @@
 #include <ktpnaips/platform/posix/http_answer.h>
 
 #include <algorithm>
-#include <cstddef>
+#include <charconv>
+#include <system_error>
 
 namespace ktpnaips::http {
 
@@ -9,6 +10,13 @@ namespace {
 
 char lowered(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+std::optional<std::size_t> numberIn(std::string_view text) {
+  std::size_t number = 0;
+  const auto [stop, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (failure != std::errc() || stop != text.data() + text.size()) return std::nullopt;
+  return number;
 }
 
 std::optional<std::string> ifFits(const std::string& value) {
@@ -59,9 +67,12 @@ void AnswerHeaders::finish() {
 
 void AnswerHeaders::addField(std::string_view line) {
   const std::size_t colon = line.find(':');
-  if (contentType_ || colon == std::string_view::npos) return;
-  if (sameName(line.substr(0, colon), "Content-Type"))
-    contentType_ = trimBlanks(line.substr(colon + 1));
+  if (colon == std::string_view::npos) return;
+  const std::string_view name = line.substr(0, colon);
+  const std::string_view value = trimBlanks(line.substr(colon + 1));
+  if (!contentType_ && sameName(name, "Content-Type")) contentType_ = value;
+  if (sameName(name, "Content-Length")) bodySize_ = numberIn(value);
+  if (sameName(name, "Transfer-Encoding")) isChunked_ = sameName(value, "chunked");
 }
 
 // What is too long is never asked for: no more of it is kept than shows that.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,9 @@ class AnswerHeaders {
   [[nodiscard]] bool complete() const { return complete_; }
   [[nodiscard]] const std::string& statusCode() const { return statusCode_; }
   [[nodiscard]] std::optional<std::string> query(Info what) const;
+  /// What Content-Length says, if it is a number.
+  [[nodiscard]] std::optional<std::size_t> bodySize() const { return bodySize_; }
+  [[nodiscard]] bool isChunked() const { return isChunked_; }
 
  private:
   void start(std::string_view statusLine);
@@ -27,6 +31,8 @@ class AnswerHeaders {
   bool complete_ = false;
   std::string statusCode_;
   std::optional<std::string> contentType_;
+  std::optional<std::size_t> bodySize_;
+  bool isChunked_ = false;
   std::string raw_;
 };
 

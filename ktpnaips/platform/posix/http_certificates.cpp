@@ -45,16 +45,10 @@ const char* environment(const char* name) {
   return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
-// A folder of issuers keeps libcurl from caching the loaded issuers: the default folder is cleared
-// wherever there is a file.
-void trustFile(CURL* easy, const char* file) {
+// Also so that libcurl keeps the issuers that it has loaded, which it does without a folder alone.
+void trustOnly(CURL* easy, const char* file, const char* folder) {
   setOption(easy, CURLOPT_CAINFO, file);
   setOption(easy, CURLOPT_PROXY_CAINFO, file);
-  setOption(easy, CURLOPT_CAPATH, static_cast<const char*>(nullptr));
-  setOption(easy, CURLOPT_PROXY_CAPATH, static_cast<const char*>(nullptr));
-}
-
-void trustFolder(CURL* easy, const char* folder) {
   setOption(easy, CURLOPT_CAPATH, folder);
   setOption(easy, CURLOPT_PROXY_CAPATH, folder);
 }
@@ -65,10 +59,11 @@ const char* defaultFile(CURL* easy) {
 }
 
 void setIssuers(CURL* easy, const std::string& caFile) {
-  if (!caFile.empty()) return trustFile(easy, caFile.c_str());
-  if (const char* const file = environment("SSL_CERT_FILE")) return trustFile(easy, file);
-  if (const char* const folder = environment("SSL_CERT_DIR")) return trustFolder(easy, folder);
-  if (const char* const file = defaultFile(easy)) trustFile(easy, file);
+  if (!caFile.empty()) return trustOnly(easy, caFile.c_str(), nullptr);
+  if (const char* const file = environment("SSL_CERT_FILE")) return trustOnly(easy, file, nullptr);
+  if (const char* const folder = environment("SSL_CERT_DIR"))
+    return trustOnly(easy, nullptr, folder);
+  if (const char* const file = defaultFile(easy)) trustOnly(easy, file, nullptr);
 }
 
 ErrorCode codeOfFinding() {

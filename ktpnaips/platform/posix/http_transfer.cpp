@@ -1,5 +1,6 @@
 #include <ktpnaips/platform/posix/http_errors.h>
 #include <ktpnaips/platform/posix/http_option.h>
+#include <ktpnaips/platform/posix/http_peek.h>
 #include <ktpnaips/platform/posix/http_transfer.h>
 
 #include <openssl/crypto.h>
@@ -20,6 +21,8 @@ namespace ktpnaips::http {
 namespace {
 
 constexpr std::size_t bufferSize = std::size_t{256} * 1024;
+// As much as waits on a socket without being read.
+constexpr std::size_t longestRefusal = std::size_t{32} * 1024;
 
 CURL* newEasy() {
   CURL* const easy = curl_easy_init();
@@ -124,6 +127,7 @@ Transfer::~Transfer() {
 }
 
 ErrorCode Transfer::send(const RequestSettings& settings, std::string_view body) {
+  ready_ = false;
   prepare(settings, body);
   runUntil([this] { return answerIsFinal(); });
   if (ready_ && answer_.complete()) return 0;
@@ -139,11 +143,15 @@ ErrorCode Transfer::send(const RequestSettings& settings, std::string_view body)
 }
 
 void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
-  if (result_ != CURLE_OK) startOver();
+  // A resumed session is not verified again: what a lenient policy let pass must not pass a strict
+  // one. The other parts of the policy are part of libcurl's own key.
+  const bool ignoresDates = settings.certificates.ignoreDates;
+  if (result_ != CURLE_OK || ignoresDates != ticketsIgnoreDates_) startOver();
+  ticketsIgnoreDates_ = ignoresDates;
   begin();
-  forgetTicketsOfOtherPolicy(settings.certificates.ignoreDates);
   curl_easy_reset(easy_.get());
   limits_ = settings.limits;
+  whenSending_ = &settings.whenSending;
   setRequest(settings, body);
   setConnection(settings);
   setProxy(settings);
@@ -162,13 +170,6 @@ void Transfer::startOver() {
   multi_ = std::move(multi);
 }
 
-// A resumed session is not verified again: what a lenient policy let pass must not pass a strict
-// one. The other parts of the policy are part of libcurl's own key.
-void Transfer::forgetTicketsOfOtherPolicy(bool ignoreDates) {
-  if (ignoreDates != ticketsIgnoreDates_) easy_.reset(newEasy());
-  ticketsIgnoreDates_ = ignoreDates;
-}
-
 void Transfer::begin() {
   stop();
   answer_.clear();
@@ -180,7 +181,7 @@ void Transfer::begin() {
   filled_ = taken_ = 0;
   thrown_ = nullptr;
   result_ = CURLE_OK;
-  ready_ = paused_ = false;
+  paused_ = false;
   errorText_.front() = '\0';
 }
 
@@ -199,9 +200,8 @@ void Transfer::setRequest(const RequestSettings& settings, std::string_view body
   setOption(easy, CURLOPT_CUSTOMREQUEST, settings.verb.c_str());
   setOption(easy, CURLOPT_USERAGENT, settings.agent.c_str());
   setOption(easy, CURLOPT_HTTPHEADER, headers_.get());
-  // Copied: an early answer ends `send` before the last of a body is on its way.
   setOption(easy, CURLOPT_POSTFIELDSIZE_LARGE, bodySize_);
-  setOption(easy, CURLOPT_COPYPOSTFIELDS, body.empty() ? "" : body.data());
+  setOption(easy, CURLOPT_POSTFIELDS, body.empty() ? "" : body.data());
 }
 
 void Transfer::setConnection(const RequestSettings& settings) {
@@ -216,7 +216,6 @@ void Transfer::setConnection(const RequestSettings& settings) {
   if (settings.connectTo.empty()) return;
   append(connectTo_, "::" + settings.connectTo);
   setOption(easy, CURLOPT_CONNECT_TO, connectTo_.get());
-  setOption(easy, CURLOPT_PROXY, "");
 }
 
 void Transfer::setProxy(const RequestSettings& settings) {
@@ -225,9 +224,12 @@ void Transfer::setProxy(const RequestSettings& settings) {
   append(proxyHeaders_, "Proxy-Connection:");
   setOption(easy, CURLOPT_PROXYHEADER, proxyHeaders_.get());
   setOption(easy, CURLOPT_HEADEROPT, static_cast<long>(CURLHEADER_SEPARATE));
-  if (!settings.proxyAccount) return;
-  const ProxyAccount& account = *settings.proxyAccount;
-  setOption(easy, CURLOPT_PROXY, account.proxyUrl.c_str());
+  // Empty, so that libcurl does not ask the environment.
+  setOption(easy, CURLOPT_NOPROXY, "");
+  setOption(easy, CURLOPT_PROXY, settings.proxy ? settings.proxy->url.c_str() : "");
+  proxyIsSecure_ = settings.proxy && settings.proxy->url.starts_with("https:");
+  if (!settings.proxy || !settings.proxy->account) return;
+  const ProxyAccount& account = *settings.proxy->account;
   setOption(easy, CURLOPT_PROXYAUTH, account.scheme);
   setOption(easy, CURLOPT_PROXYUSERNAME, account.user.c_str());
   setOption(easy, CURLOPT_PROXYPASSWORD, account.password.c_str());
@@ -257,11 +259,18 @@ void Transfer::runUntil(const std::function<bool()>& reached) {
     perform();
     if (!running_ || reached()) return;
     noteProgress();
-    const auto quiet =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastProgress_);
-    if (quiet >= limit()) return timeOut();
-    curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(asLong(limit() - quiet)), nullptr);
+    const auto left = limit() - quiet();
+    if (left <= std::chrono::milliseconds(0)) return timeOut();
+    int ready = 0;
+    curl_multi_poll(multi_.get(), nullptr, 0, static_cast<int>(asLong(left)), &ready);
+    // A socket takes a little more than its peer does when libcurl tries although it is not ready.
+    const bool isStuck = progress_.phase == Phase::sending && ready == 0 && quiet() >= limit();
+    if (isStuck) return timeOut();
   }
+}
+
+std::chrono::milliseconds Transfer::quiet() const {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastProgress_);
 }
 
 void Transfer::perform() {
@@ -299,18 +308,19 @@ Transfer::Progress Transfer::progress() const {
   Progress now{Phase::sending, number(CURLINFO_SIZE_UPLOAD_T), received_};
   if (ready_)
     now.phase = now.sent >= bodySize_ ? Phase::receiving : Phase::sending;
-  else if (!connected())
+  else if (connectedSocket() < 0)
     now.phase = Phase::connecting;
   return now;
 }
 
 // libcurl's own time of connecting comes only with the end of TLS.
-bool Transfer::connected() const {
-  return std::any_of(sockets_.begin(), sockets_.end(), [](int socket) {
+int Transfer::connectedSocket() const {
+  const auto found = std::find_if(sockets_.begin(), sockets_.end(), [](int socket) {
     sockaddr_storage peer{};
     socklen_t length = sizeof peer;
     return socket >= 0 && ::getpeername(socket, reinterpret_cast<sockaddr*>(&peer), &length) == 0;
   });
+  return found != sockets_.end() ? *found : -1;
 }
 
 std::chrono::milliseconds Transfer::limit() const {
@@ -330,7 +340,7 @@ void Transfer::timeOut() {
 
 // libcurl answers a 407 to its first step of a log-in by itself, and passes that body over.
 bool Transfer::answerIsFinal() const {
-  return ready_ && answer_.complete() && (answer_.statusCode() != "407" || buffered() > 0);
+  return ready_ && answer_.complete() && (answer_.statusCode() != "407" || bodyBytes_ > 0);
 }
 
 bool Transfer::proxyRefusedTunnel() const {
@@ -365,11 +375,26 @@ ErrorCode Transfer::readFailure() const {
   return excess_.empty() ? 0 : error::fail(error::invalidServerResponse, excess_);
 }
 
+bool Transfer::hasSent() const {
+  return ready_ && bytesSent() > sentBefore_;
+}
+
+std::int64_t Transfer::bytesSent() const {
+  return number(CURLINFO_REQUEST_SIZE) + number(CURLINFO_SIZE_UPLOAD_T);
+}
+
 void Transfer::refill() {
   filled_ = taken_ = 0;
   if (!running_) return;
   if (std::exchange(paused_, false)) curl_easy_pause(easy_.get(), CURLPAUSE_CONT);
   runUntil([this] { return buffered() > 0; });
+}
+
+// libcurl drops the body behind a refusal, so it is copied before. That of a proxy over TLS cannot
+// be.
+void Transfer::readRefusal() {
+  if (proxyIsSecure_) return;
+  filled_ = peekAtBody(connectedSocket(), answer_, buffer_.get(), longestRefusal, limits_.receive);
 }
 
 unsigned long Transfer::offeredProxyLogIns() const {
@@ -398,7 +423,9 @@ std::size_t Transfer::onHeader(char* data, std::size_t size, std::size_t count, 
       transfer.excess_ = "its headers are longer than 256 KB";
       return 0;
     }
+    if (transfer.answerIsFinal()) return size * count;  // a trailer
     transfer.answer_.add({data, size * count});
+    if (transfer.proxyRefusedTunnel()) transfer.readRefusal();
     return size * count;
   } catch (...) {
     transfer.thrown_ = std::current_exception();
@@ -425,7 +452,10 @@ std::size_t Transfer::onBody(char* data, std::size_t size, std::size_t count, vo
 }
 
 int Transfer::onSocket(void* self, curl_socket_t socket, curlsocktype) {
-  auto& sockets = static_cast<Transfer*>(self)->sockets_;
+  auto& transfer = *static_cast<Transfer*>(self);
+  // The second step of a log-in, which libcurl takes by itself, has a connection of its own.
+  if (std::exchange(transfer.ready_, false)) transfer.answer_.clear();
+  auto& sockets = transfer.sockets_;
   std::rotate(sockets.begin(), sockets.end() - 1, sockets.end());
   sockets.front() = socket;
   return CURL_SOCKOPT_OK;
@@ -433,9 +463,17 @@ int Transfer::onSocket(void* self, curl_socket_t socket, curlsocktype) {
 
 int Transfer::onReady(void* self, char*, char*, int, int) {
   auto& transfer = *static_cast<Transfer*>(self);
-  transfer.answer_.clear();  // what the proxy said to CONNECT
-  transfer.ready_ = true;
-  return CURL_PREREQFUNC_OK;
+  try {
+    transfer.answer_.clear();  // what the proxy said to CONNECT
+    transfer.filled_ = 0;
+    transfer.sentBefore_ = transfer.bytesSent();
+    transfer.ready_ = true;
+    if (*transfer.whenSending_) (*transfer.whenSending_)();
+    return CURL_PREREQFUNC_OK;
+  } catch (...) {
+    transfer.thrown_ = std::current_exception();
+    return CURL_PREREQFUNC_ABORT;
+  }
 }
 
 }  // namespace ktpnaips::http

@@ -4,6 +4,7 @@
 #include <ktpnaips/platform/http.h>
 #include <ktpnaips/platform/posix/http_answer.h>
 #include <ktpnaips/platform/posix/http_certificates.h>
+#include <ktpnaips/platform/posix/http_proxy.h>
 
 #include <array>
 #include <chrono>
@@ -23,14 +24,6 @@ namespace ktpnaips::http {
 inline constexpr std::size_t longestHeaders = std::size_t{256} * 1024;
 inline constexpr std::size_t longestBody = std::size_t{256} * 1024 * 1024;
 
-/// An account for the proxy that the environment names.
-struct ProxyAccount {
-  std::string proxyUrl;
-  std::string user;
-  std::string password;
-  unsigned long scheme = CURLAUTH_BASIC;
-};
-
 /// How long a phase may go without progress.
 struct TimeLimits {
   std::chrono::milliseconds connect{60'000};
@@ -46,8 +39,9 @@ struct RequestSettings {
   std::vector<std::string> headerLines;  ///< without line ends
   std::string connectTo;                 ///< "address:port"; or empty
   CertificatePolicy certificates;
-  std::optional<ProxyAccount> proxyAccount;
+  std::optional<Proxy> proxy;  ///< none for a direct connection, whatever the environment says
   TimeLimits limits;
+  std::function<void()> whenSending;  ///< called before the first byte of the request; or empty
 };
 
 /// Sets libcurl up for the process unless that has been done. Throws when it fails.
@@ -65,11 +59,17 @@ class Transfer {
   /// Whether libcurl is one that the certificate policy can be given to.
   [[nodiscard]] bool usable() const { return opensslIsThere(easy_.get()); }
   /// Sends a request and waits for the headers of its answer. `settings` must outlive the transfer.
+  /// So must `body`.
   ErrorCode send(const RequestSettings& settings, std::string_view body);
   [[nodiscard]] std::size_t announcedSize() const;
   std::optional<std::size_t> read(char* to, std::size_t size);
   /// Once reading has failed: the code of an answer that is too long, otherwise 0.
   [[nodiscard]] ErrorCode readFailure() const;
+  /// Whether a byte of the request went out on a connection on which it can reach the service: the
+  /// request proper, not a proxy's CONNECT and not the handshake of TLS.
+  [[nodiscard]] bool hasSent() const;
+  /// Whether the answer came from behind the tunnel of a proxy, if there was one to be set up.
+  [[nodiscard]] bool isBehindTunnel() const { return ready_; }
   /// Ends the request that is under way, if any, and closes its connection.
   void stop();
   [[nodiscard]] const AnswerHeaders& answer() const { return answer_; }
@@ -99,7 +99,6 @@ class Transfer {
 
   void prepare(const RequestSettings& settings, std::string_view body);
   void startOver();
-  void forgetTicketsOfOtherPolicy(bool ignoreDates);
   void begin();
   void setRequest(const RequestSettings& settings, std::string_view body);
   void setConnection(const RequestSettings& settings);
@@ -111,14 +110,18 @@ class Transfer {
   void takeOutcome();
   void noteProgress();
   [[nodiscard]] Progress progress() const;
-  [[nodiscard]] bool connected() const;
   [[nodiscard]] std::chrono::milliseconds limit() const;
+  /// How long nothing has gone forward.
+  [[nodiscard]] std::chrono::milliseconds quiet() const;
   void timeOut();
   [[nodiscard]] bool answerIsFinal() const;
   [[nodiscard]] bool proxyRefusedTunnel() const;
   [[nodiscard]] ErrorCode failure() const;
   void refill();
+  void readRefusal();
+  [[nodiscard]] int connectedSocket() const;
   [[nodiscard]] std::size_t buffered() const { return filled_ - taken_; }
+  [[nodiscard]] std::int64_t bytesSent() const;
   [[nodiscard]] std::int64_t number(CURLINFO what) const;
 
   static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* self);
@@ -135,6 +138,8 @@ class Transfer {
   bool ticketsIgnoreDates_ = false;
 
   TimeLimits limits_;
+  const std::function<void()>* whenSending_ = nullptr;
+  std::int64_t sentBefore_ = 0;  ///< bytes of the handle's requests before the request proper
   curl_off_t bodySize_ = 0;
   AnswerHeaders answer_;
   Progress progress_;
@@ -149,6 +154,7 @@ class Transfer {
   bool running_ = false;
   bool ready_ = false;  ///< tunnel and TLS are set up, the request proper begins
   bool paused_ = false;
+  bool proxyIsSecure_ = false;
 
   std::unique_ptr<char[]> buffer_;
   std::size_t filled_ = 0;

@@ -1,5 +1,6 @@
 #include <ktpnaips/platform/program.h>
 
+#include <ktpnaips/platform/interruption.h>
 #include <ktpnaips/platform/terminal.h>
 
 #include <fcntl.h>
@@ -40,6 +41,17 @@ class NoStreams {
   posix_spawn_file_actions_t actions_{};
 };
 
+/// Those of the environment but this one.
+std::vector<char*> variablesWithout(std::string_view withheld) {
+  const std::string start = std::string(withheld) + '=';
+  std::vector<char*> variables;
+  for (char** each = environ; each != nullptr && *each != nullptr; ++each) {
+    if (!std::string_view(*each).starts_with(start)) variables.push_back(*each);
+  }
+  variables.push_back(nullptr);
+  return variables;
+}
+
 }  // namespace
 
 fs::path find(const std::string& name) {
@@ -55,24 +67,25 @@ fs::path find(const std::string& name) {
 }
 
 bool run(const fs::path& program, const std::vector<std::string>& arguments,
-         std::chrono::milliseconds limit) {
+         std::string_view withheld, std::chrono::milliseconds limit) {
   std::vector<std::string> copies{program.string()};
   copies.insert(copies.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
   for (std::string& copy : copies) pointers.push_back(copy.data());
   pointers.push_back(nullptr);
+  std::vector<char*> variables = variablesWithout(withheld);
 
   const NoStreams streams;
   pid_t child = 0;
-  if (::posix_spawn(&child, program.c_str(), streams.get(), nullptr, pointers.data(), environ) !=
-      0) {
+  if (::posix_spawn(&child, program.c_str(), streams.get(), nullptr, pointers.data(),
+                    variables.data()) != 0) {
     return false;
   }
   const auto end = std::chrono::steady_clock::now() + limit;
   int status = 0;
   pid_t ended = 0;
   while ((ended = ::waitpid(child, &status, WNOHANG)) == 0) {
-    if (std::chrono::steady_clock::now() > end) {
+    if (std::chrono::steady_clock::now() > end || interruption::isWaiting()) {
       ::kill(child, SIGKILL);
       ::waitpid(child, &status, 0);
       return false;

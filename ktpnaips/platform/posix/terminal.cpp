@@ -1,9 +1,13 @@
 #include <ktpnaips/platform/terminal.h>
 
+#include <fcntl.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigaction
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -11,23 +15,55 @@
 namespace ktpnaips::terminal {
 namespace {
 
+constexpr std::array ending{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
+/// The terminal and the signals' actions as they were while typed characters were shown.
+struct Shown {
+  termios terminal{};
+  std::array<struct sigaction, ending.size()> actions{};
+};
+
+Shown shown;  // for a handler
+
+/// Shows typed characters again before the program ends.
+extern "C" void endWithEcho(int signal) {
+  tcsetattr(STDIN_FILENO, TCSANOW, &shown.terminal);
+  for (std::size_t i = 0; i < ending.size(); ++i) {
+    if (ending[i] == signal) ::sigaction(signal, &shown.actions[i], nullptr);
+  }
+  ::raise(signal);
+}
+
 /// Keeps typed characters from being shown, for as long as it lives.
 class WithoutEcho {
  public:
   WithoutEcho() {
-    if (tcgetattr(STDIN_FILENO, &before_) != 0) return;
-    termios quiet = before_;
+    if (tcgetattr(STDIN_FILENO, &shown.terminal) != 0) return;
+    for (std::size_t i = 0; i < ending.size(); ++i) handle(ending[i], shown.actions[i]);
+    termios quiet = shown.terminal;
     quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
     changed_ = tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet) == 0;
   }
   WithoutEcho(const WithoutEcho&) = delete;
   WithoutEcho& operator=(const WithoutEcho&) = delete;
   ~WithoutEcho() {
-    if (changed_) tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+    if (!changed_) return;
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown.terminal);
+    for (std::size_t i = 0; i < ending.size(); ++i) {
+      ::sigaction(ending[i], &shown.actions[i], nullptr);
+    }
   }
 
  private:
-  termios before_{};
+  static void handle(int signal, struct sigaction& former) {
+    ::sigaction(signal, nullptr, &former);
+    const bool isIgnored = (former.sa_flags & SA_SIGINFO) == 0 && former.sa_handler == SIG_IGN;
+    if (isIgnored) return;
+    struct sigaction action {};
+    action.sa_handler = endWithEcho;
+    ::sigaction(signal, &action, nullptr);
+  }
+
   bool changed_ = false;
 };
 
@@ -38,6 +74,15 @@ std::optional<std::string> readLine() {
 }
 
 }  // namespace
+
+void keepStreamsApart() {
+  for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(stream, F_GETFD) >= 0) continue;
+    // The lowest number that is free; reading and writing go on failing.
+    const int opened = ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    static_cast<void>(opened);
+  }
+}
 
 std::vector<std::string> arguments(int argc, char** argv) {
   return {argv + (argc > 0 ? 1 : 0), argv + argc};

@@ -75,7 +75,7 @@ void parseInPlace(xmlParserCtxtPtr parser, std::string_view text) {
 /// when there is no memory for it.
 void prepareThread() {
 #if LIBXML_VERSION < 21200
-  std::free(made(std::malloc(sizeof(xmlGlobalState))));  // so much of it is free
+  requireMemory(sizeof(xmlGlobalState));
   made(xmlGetGlobalState());
 #else
   if (xmlCheckThreadLocalStorage() != 0) throw std::bad_alloc();
@@ -83,6 +83,11 @@ void prepareThread() {
 }
 
 }  // namespace
+
+void requireMemory(std::size_t size) {
+  void* volatile const block = made(std::malloc(size));  // volatile: or nothing would be allocated
+  std::free(block);
+}
 
 void initialiseLibrary() {
   static const bool isInitialised = [] {

@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 #include <libxml/xmlstring.h>
 
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <string_view>
@@ -19,6 +20,9 @@ struct FreeWith {
 };
 
 using Parser = std::unique_ptr<xmlParserCtxt, FreeWith<xmlFreeParserCtxt>>;
+
+/// Throws "Out of memory" when so much cannot be allocated: where libxml2 would not say so.
+void requireMemory(std::size_t size);
 
 /// Sets libxml2 up, once, and for the calling thread: it does so itself on first use, but not when
 /// two threads are the first, and not when memory is short.

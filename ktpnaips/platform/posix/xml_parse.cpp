@@ -11,7 +11,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -23,6 +22,7 @@ namespace {
 constexpr int mostNamespaces = 1000;
 // 128 MB of entries; an answer of 100,000 entries takes less than an eighth of that.
 constexpr std::size_t mostNodes = std::size_t{1} << 22U;
+constexpr std::wstring_view tooManyNodes = L"the document has more than 4 million nodes";
 
 constexpr std::wstring_view tooManyNames =
     L"the names of elements and attributes are too many or too long";
@@ -59,6 +59,7 @@ class Builder {
     if (isOutOfMemory_) throw std::bad_alloc();
     if (!refusal_.empty()) {
       failure.reason = refusal_;
+      failure.isTooLarge = refusal_ == tooManyNodes;
       return Verdict::refused;
     }
     if (!hasFailed_ && tree_.documentElement() != 0) {
@@ -67,7 +68,7 @@ class Builder {
       return Verdict::accepted;
     }
     if (lacksMemory_ || exceedsNames(parser.get())) {
-      std::free(made(std::malloc(enoughMemory)));
+      requireMemory(enoughMemory);
       failure.reason = tooManyNames;
       return Verdict::lacksMemory;
     }
@@ -189,7 +190,7 @@ class Builder {
   }
 
   Index add(Kind kind, Index name, Index parent, Extent text) {
-    if (tree_.size() >= mostNodes) refusal_ = L"the document has more than 4 million nodes";
+    if (tree_.size() >= mostNodes) refusal_ = tooManyNodes;
     return tree_.add(kind, name, parent, text);
   }
 
@@ -294,6 +295,7 @@ class Builder {
 Document parsed(const std::string& text, std::string* taken, ParseFailure* failure) {
   ParseFailure ignored;
   ParseFailure& why = failure != nullptr ? *failure : ignored;
+  why = {};
   why.reason = refusalBeforeParsing(text);
   if (!why.reason.empty()) return {};
   // A failed allocation can look like a mistake in the text: what is refused is read once more.

@@ -1,6 +1,7 @@
 #include <ktpnaips/platform/http.h>
 
 #include <ktpnaips/platform/http_address.h>
+#include <ktpnaips/platform/lasting.h>
 #include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/windows/system_text.h>
 #include <ktpnaips/platform/windows/wininet_account.h>
@@ -10,6 +11,9 @@
 #include <wininet.h>
 
 #include <array>
+#include <chrono>
+#include <map>
+#include <mutex>
 #include <optional>
 #include <utility>
 
@@ -53,6 +57,56 @@ std::string hostHeader(const std::string& host, std::uint16_t port, std::uint32_
   return "Host: " + host + (isSchemesOwn ? "" : ":" + std::to_string(port)) + "\r\n";
 }
 
+/// Whether a call ended so before there was a connection.
+bool isConnectionFailure(ErrorCode code) {
+  constexpr ErrorCode secureFailure = 12175;  // which older headers do not name
+  switch (code) {
+    case ERROR_INTERNET_INVALID_URL:
+    case ERROR_INTERNET_UNRECOGNIZED_SCHEME:
+    case ERROR_INTERNET_NAME_NOT_RESOLVED:
+    case ERROR_INTERNET_INCORRECT_HANDLE_TYPE:
+    case ERROR_INTERNET_CANNOT_CONNECT:
+    case ERROR_INTERNET_SEC_CERT_DATE_INVALID:
+    case ERROR_INTERNET_SEC_CERT_CN_INVALID:
+    case ERROR_INTERNET_INVALID_CA:
+    case ERROR_INTERNET_SEC_CERT_ERRORS:
+    case ERROR_INTERNET_SEC_CERT_NO_REV:
+    case ERROR_INTERNET_SEC_CERT_REV_FAILED:
+    case ERROR_INTERNET_SEC_INVALID_CERT:
+    case ERROR_INTERNET_SEC_CERT_REVOKED:
+    case secureFailure:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// The places that have answered, from each of which a connection may have been kept. A call tries
+/// that one first, and says of a new one why it failed.
+class KeptConnections {
+ public:
+  void note(const std::string& place) {
+    const std::lock_guard lock(mutex_);
+    answered_[place] = Clock::now();
+  }
+  [[nodiscard]] bool mayHaveOneTo(const std::string& place) const {
+    constexpr auto longerThanKept = std::chrono::minutes(5);
+    const std::lock_guard lock(mutex_);
+    const auto found = answered_.find(place);
+    return found != answered_.end() && Clock::now() - found->second < longerThanKept;
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  mutable std::mutex mutex_;
+  std::map<std::string, Clock::time_point> answered_;
+};
+
+KeptConnections& keptConnections() {
+  static platform::Lasting<KeptConnections> kept;
+  return *kept;
+}
+
 }  // namespace
 
 /// In the order of opening: they are closed the other way round.
@@ -64,6 +118,13 @@ struct Exchange::Handles {
   std::string host;
   std::uint16_t port = 0;
   bool isRedirected = false;  // the connection goes elsewhere than to the host
+  std::string target;         // where the connection goes, with its port
+  std::function<void()> whenSending;
+  bool hasSent = false;
+  ProxyLogIns logIns;
+
+  /// Where its connection is kept afterwards: those to proxies serve any host.
+  [[nodiscard]] std::string place() const { return isViaProxy(request.get()) ? "proxy" : target; }
 };
 
 Exchange::Exchange() : handles_(std::make_unique<Handles>()) {}
@@ -89,6 +150,7 @@ ErrorCode Exchange::connect(std::wstring_view host, std::uint16_t port, const Ro
         handles_->session.open(newSession(handles_->agent, INTERNET_OPEN_TYPE_DIRECT));
     if (error != ERROR_SUCCESS) return error;
   }
+  handles_->target = target.host + ':' + std::to_string(target.port);
   return handles_->connection.open(InternetConnectA(handles_->session.get(), target.host.c_str(),
                                                     target.port, nullptr, nullptr,
                                                     INTERNET_SERVICE_HTTP, 0, 0));
@@ -114,7 +176,12 @@ void Exchange::setTimeout(Timeout which, std::uint32_t milliseconds) {
   InternetSetOptionA(handles_->request.get(), static_cast<DWORD>(which), &time, sizeof time);
 }
 
+void Exchange::whenSending(std::function<void()> notify) {
+  handles_->whenSending = std::move(notify);
+}
+
 ErrorCode Exchange::send(std::string_view body) {
+  handles_->hasSent = false;
   // Redirected, it stands in a header line that is this half's own.
   if (handles_->isRedirected && !canBeHostName(handles_->host) &&
       !readHostAndPort(handles_->host)) {
@@ -123,9 +190,21 @@ ErrorCode Exchange::send(std::string_view body) {
   // The call takes the body as what it could change, but does not.
   void* const bytes =
       const_cast<char*>(body.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+  if (handles_->whenSending) handles_->whenSending();
   const BOOL sent =
       HttpSendRequestA(handles_->request.get(), nullptr, 0, bytes, static_cast<DWORD>(body.size()));
-  return sent != 0 ? ERROR_SUCCESS : GetLastError();
+  const ErrorCode error = sent != 0 ? ERROR_SUCCESS : GetLastError();
+  handles_->hasSent = true;
+  const std::string place = handles_->place();
+  if (error == ERROR_SUCCESS) keptConnections().note(place);
+  handles_->hasSent = !isConnectionFailure(error) || keptConnections().mayHaveOneTo(place);
+  return error;
+}
+
+bool Exchange::hasSent() const {
+  const bool isAskedByProxy =
+      query(Info::statusCode) == "407" && isViaProxy(handles_->request.get());
+  return handles_->hasSent && !isAskedByProxy;
 }
 
 std::optional<std::string> Exchange::query(Info what) const {
@@ -141,7 +220,10 @@ std::optional<std::string> Exchange::query(Info what) const {
 
 bool Exchange::logInToProxy() {
   const HINTERNET request = handles_->request.get();
-  if (hasProxyLogIn()) return setProxyAccount(handles_->session.get(), request, handles_->host);
+  if (!isViaProxy(request)) return false;
+  if (hasProxyLogIn()) {
+    return setProxyAccount(handles_->session.get(), request, handles_->logIns, handles_->host);
+  }
   return InternetErrorDlg(GetDesktopWindow(), request, ERROR_INTERNET_INCORRECT_PASSWORD,
                           FLAGS_ERROR_UI_FILTER_FOR_ERRORS | FLAGS_ERROR_UI_FLAGS_CHANGE_OPTIONS |
                               FLAGS_ERROR_UI_FLAGS_GENERATE_DATA,

@@ -1,11 +1,14 @@
 #include <ktpnaips/platform/program.h>
 
+#include <ktpnaips/platform/interruption.h>
 #include <ktpnaips/platform/terminal.h>
 #include <ktpnaips/platform/text.h>
 
 #include <windows.h>
 
 #include <cstddef>
+#include <memory>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -13,6 +16,10 @@ namespace ktpnaips::program {
 namespace {
 
 namespace fs = std::filesystem;
+
+struct FreeVariables {
+  void operator()(wchar_t* variables) const noexcept { FreeEnvironmentStringsW(variables); }
+};
 
 class Handle {
  public:
@@ -52,6 +59,28 @@ void appendQuoted(std::wstring& line, std::wstring_view argument) {
   line += L'"';
 }
 
+/// Those of the environment but this one, as a process is given them.
+std::wstring variablesWithout(const std::wstring& withheld) {
+  const std::unique_ptr<wchar_t, FreeVariables> all(GetEnvironmentStringsW());
+  std::wstring variables;
+  for (const wchar_t* each = all.get(); each != nullptr && *each != L'\0';) {
+    const std::wstring_view variable = each;
+    if (!variable.starts_with(withheld + L'=')) variables.append(variable).push_back(L'\0');
+    each += variable.size() + 1;
+  }
+  return variables + L'\0';
+}
+
+/// True when the process ends within the limit and before an interruption.
+bool waitFor(HANDLE process, std::chrono::milliseconds limit) {
+  constexpr DWORD step = 50;
+  const auto end = std::chrono::steady_clock::now() + limit;
+  while (WaitForSingleObject(process, step) != WAIT_OBJECT_0) {
+    if (std::chrono::steady_clock::now() > end || interruption::isWaiting()) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 fs::path find(const std::string& name) {
@@ -69,7 +98,7 @@ fs::path find(const std::string& name) {
 }
 
 bool run(const fs::path& program, const std::vector<std::string>& arguments,
-         std::chrono::milliseconds limit) {
+         std::string_view withheld, std::chrono::milliseconds limit) {
   std::wstring line;
   appendQuoted(line, program.native());
   for (const std::string& argument : arguments) {
@@ -77,19 +106,21 @@ bool run(const fs::path& program, const std::vector<std::string>& arguments,
     appendQuoted(line, text::fromUtf8(argument));
   }
 
+  std::wstring variables = variablesWithout(text::fromUtf8(withheld));
   const Handle null(openNull());
   STARTUPINFOW start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESTDHANDLES;
   start.hStdInput = start.hStdOutput = start.hStdError = null.get();
   PROCESS_INFORMATION started{};
-  if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                     &start, &started) == 0) {
+  if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
+                     CREATE_UNICODE_ENVIRONMENT, variables.data(), nullptr, &start,
+                     &started) == 0) {
     return false;
   }
   const Handle child(started.hProcess);
   const Handle thread(started.hThread);
-  if (WaitForSingleObject(child.get(), static_cast<DWORD>(limit.count())) != WAIT_OBJECT_0) {
+  if (!waitFor(child.get(), limit)) {
     TerminateProcess(child.get(), 1);
     WaitForSingleObject(child.get(), INFINITE);
     return false;

@@ -28,23 +28,33 @@ bool isConsole(DWORD standardHandle) {
   return isConsole(standardHandle, ignored);
 }
 
+DWORD shownMode = 0;  // of the console while typed characters are shown; for a handler
+
+/// Shows typed characters again before the program ends.
+BOOL WINAPI endWithEcho(DWORD) {
+  SetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), shownMode);
+  return FALSE;
+}
+
 /// Keeps typed characters from being shown, for as long as it lives.
 class WithoutEcho {
  public:
   WithoutEcho() {
-    if (isConsole(STD_INPUT_HANDLE, before_)) {
+    if (isConsole(STD_INPUT_HANDLE, shownMode)) {
+      SetConsoleCtrlHandler(endWithEcho, TRUE);
       changed_ = SetConsoleMode(GetStdHandle(STD_INPUT_HANDLE),
-                                before_ & ~static_cast<DWORD>(ENABLE_ECHO_INPUT)) != 0;
+                                shownMode & ~static_cast<DWORD>(ENABLE_ECHO_INPUT)) != 0;
     }
   }
   WithoutEcho(const WithoutEcho&) = delete;
   WithoutEcho& operator=(const WithoutEcho&) = delete;
   ~WithoutEcho() {
-    if (changed_) SetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), before_);
+    if (!changed_) return;
+    SetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), shownMode);
+    SetConsoleCtrlHandler(endWithEcho, FALSE);
   }
 
  private:
-  DWORD before_ = 0;
   bool changed_ = false;
 };
 
@@ -84,6 +94,8 @@ std::optional<std::string> readLine() {
 }
 
 }  // namespace
+
+void keepStreamsApart() {}  // handles have no places of their own
 
 // What main receives has been through the ANSI code page; the command line has not.
 std::vector<std::string> arguments(int, char**) {

@@ -1,6 +1,5 @@
 #include <ktpnaips/platform/windows/wininet_account.h>
 
-#include <ktpnaips/platform/proxy_account.h>
 #include <ktpnaips/platform/windows/system_text.h>
 
 #include <cstddef>
@@ -41,9 +40,17 @@ bool setText(HINTERNET request, DWORD option, const std::wstring& text) {
 
 }  // namespace
 
-bool setProxyAccount(HINTERNET session, HINTERNET request, const std::string& host) {
+bool isViaProxy(HINTERNET request) {
+  DWORD flags = 0;
+  DWORD size = sizeof flags;
+  return InternetQueryOptionA(request, INTERNET_OPTION_REQUEST_FLAGS, &flags, &size) != 0 &&
+         (flags & INTERNET_REQFLAG_VIA_PROXY) != 0;
+}
+
+bool setProxyAccount(HINTERNET session, HINTERNET request, ProxyLogIns& logIns,
+                     const std::string& host) {
   const std::string proxy = hostOf(proxyOf(session));
-  const auto account = askForProxyAccount(fromAnsi(proxy.empty() ? host : proxy));
+  const auto account = logIns.next(fromAnsi(proxy.empty() ? host : proxy));
   return account && setText(request, INTERNET_OPTION_PROXY_USERNAME, account->user) &&
          setText(request, INTERNET_OPTION_PROXY_PASSWORD, account->password);
 }

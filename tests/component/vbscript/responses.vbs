@@ -5,6 +5,10 @@ Function response(className)
   equal "ErrorText", response.ErrorText, "No response set"
   isNothing "Payload", response.Payload
   isNothing "ResponseDoc", response.ResponseDoc
+  equal "Outcome", response.Outcome, "not-sent"
+  equal "ErrorCode", response.ErrorCode, 0
+  equal "Reason", response.Reason, "No response set"
+  equal "SentDocument", response.SentDocument, ""
   response.Error = False: equal "Error", response.Error, False
   response.ErrorText = " text ": equal "ErrorText", response.ErrorText, " text "
 
@@ -15,6 +19,8 @@ Function response(className)
   equal "Error of a refusal", response.Error, True
   equal "ErrorText of a refusal", response.ErrorText, _
     "NAIPS Error: FAILURE" & vbCrLf & "Info: No such thing" & vbCrLf
+  equal "Outcome of a refusal", response.Outcome, "refused"
+  equal "Reason of a refusal", response.Reason, response.ErrorText
 
   Dim node: Set node = refusal.documentElement
   Set response.Payload = node: same "Payload", response.Payload, node
@@ -25,6 +31,7 @@ Sub load(reply, children)
   Set reply.ResponseDoc = answer("SUCCESS", children)
   equal "Error", reply.Error, False
   equal "ErrorText", reply.ErrorText, ""
+  equal "Outcome", reply.Outcome, "success"
   ' The prefixes are bound for a host that goes on by itself.
   equal "Payload", reply.Payload.selectSingleNode("@status").text, "SUCCESS"
   equal "ResponseDoc", reply.ResponseDoc.selectSingleNode("//soap:Body/naips:answer").xml, reply.Payload.xml

@@ -53,6 +53,10 @@ startsWith "ErrorText", reply.ErrorText, "NAIPS Error: FAILURE" & vbCrLf & "Info
 contains "ErrorText", reply.ErrorText, vbCrLf & vbCrLf & "+-+-+-+" & vbCrLf & _
   "In response to request:" & vbCrLf & vbCrLf & "<SOAP-ENV:Envelope"
 equal "Name", reply.Name, ""
+equal "Outcome", reply.Outcome, "refused"
+equal "ErrorCode", reply.ErrorCode, 0
+startsWith "ErrorText", reply.ErrorText, reply.Reason & vbCrLf & vbCrLf & "+-+-+-+"
+contains "SentDocument", reply.SentDocument, "requestor=""DEMO"" password=""********"""
 
 Set request = create("ChangePasswordRqs")
 request.NewPassword = "demo-pilot"
@@ -275,4 +279,8 @@ Set reply = create("AuthenticateRqs").submit()
 equal "Error of a host that there is not", reply.Error, True
 startsWith "ErrorText of a host that there is not", reply.ErrorText, _
   "SOAP Fault: Unrecognised response.  Details below." & vbCrLf
+equal "Outcome of a host that there is not", reply.Outcome, "not-sent"
+equal "ErrorCode of a host that there is not", reply.ErrorCode, 12007
+equal "Outcome of a filing to a host that there is not", _
+  create("SubmitSARTimeNotifRqs").submit().Outcome, "not-sent"
 finish
