@@ -22,7 +22,7 @@ constexpr int times = 40;
 class EndOfAProgram : public testing::Test {
  protected:
   bool succeeds(const std::string& how) {
-    return ktpnaips::program::run(KTP_ENDING_PROGRAM, {how, folder_.path().string()}, 2min);
+    return ktpnaips::program::run(KTP_ENDING_PROGRAM, {how, folder_.path().string()}, "", 2min);
   }
   [[nodiscard]] bool leavesNothing() const { return std::filesystem::is_empty(folder_.path()); }
 
