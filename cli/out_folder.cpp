@@ -42,7 +42,7 @@ fs::path placed(const std::string& content, const fs::path& folder, const fs::pa
   PartFile part(folder / name);
   part.write(content);
   for (int number = 0;; ++number) {
-    const fs::path target = numbered(folder, name, number);
+    fs::path target = numbered(folder, name, number);
     if (part.moveToNew(target)) return target;
   }
 }

@@ -61,12 +61,12 @@ fs::path findBrowser(const std::string& wanted) {
   if (!wanted.empty()) {
     std::error_code ignored;
     if (fs::is_regular_file(pathOf(wanted), ignored)) return pathOf(wanted);
-    const auto found = program::find(wanted);
+    fs::path found = program::find(wanted);
     if (!found.empty()) return found;
     throw UsageError(fmt::format("--browser \"{}\" is not a program", wanted));
   }
   for (const char* name : browserNames) {
-    const auto found = program::find(name);
+    fs::path found = program::find(name);
     if (!found.empty()) return found;
   }
   throw UsageError(

@@ -19,7 +19,7 @@ INSTANTIATE_TEST_SUITE_P(Signals, Interruption, testing::Values(SIGINT, SIGTERM)
                          });
 
 TEST_P(Interruption, SaysTheLineThatIsAnnouncedAndEndsByTheSignal) {
-  const auto interrupted = [this] {
+  const auto interrupted = [] {
     interruption::announce("another");
     interruption::announce("It may have been filed.");
     std::raise(GetParam());
@@ -29,7 +29,7 @@ TEST_P(Interruption, SaysTheLineThatIsAnnouncedAndEndsByTheSignal) {
 }
 
 TEST_P(Interruption, SaysNothingOnceNothingIsAnnounced) {
-  const auto interrupted = [this] {
+  const auto interrupted = [] {
     interruption::announce("It may have been filed.");
     interruption::announce(nullptr);
     std::raise(GetParam());
@@ -39,7 +39,7 @@ TEST_P(Interruption, SaysNothingOnceNothingIsAnnounced) {
 }
 
 TEST_P(Interruption, StaysIgnoredOrTheProgramsOwn) {
-  const auto interrupted = [this](void (*handler)(int)) {
+  const auto interrupted = [](void (*handler)(int)) {
     std::signal(GetParam(), handler);
     interruption::announce("It may have been filed.");
     std::raise(GetParam());

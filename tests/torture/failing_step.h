@@ -46,7 +46,6 @@ struct StepsTaken {
   long count = 0;
   const FallibleFunction* at = nullptr;  ///< whose call the step was, if it was reached
   bool hasFailed = false;                ///< false when its function has fewer ways to fail
-  std::size_t size = 0;                  ///< the bytes that it was to allocate, from zero
 };
 StepsTaken stepsTaken();
 

@@ -71,6 +71,7 @@ bool run(const fs::path& program, const std::vector<std::string>& arguments,
   std::vector<std::string> copies{program.string()};
   copies.insert(copies.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
+  pointers.reserve(copies.size() + 1);
   for (std::string& copy : copies) pointers.push_back(copy.data());
   pointers.push_back(nullptr);
   std::vector<char*> variables = variablesWithout(withheld);
