@@ -28,7 +28,7 @@ std::string duration(const std::string& text) {
   return with("<ndd:duration" + test::nddDeclaration() + ">" + text + "</ndd:duration>");
 }
 
-const char* const nothing =
+const char* const noneChosen =
     "<SOAP-ENV:Envelope xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\">"
     "<SOAP-ENV:Body/></SOAP-ENV:Envelope>";
 
@@ -37,7 +37,7 @@ TEST(BriefingPeriod, IsNotSetAtFirst) {
   EXPECT_EQ(request.From(), at(1970, 1, 1));
   EXPECT_EQ(request.Till(), at(1970, 1, 1));
   EXPECT_EQ(request.Duration(), 0);
-  EXPECT_EQ(requestDocument(request), nothing);
+  EXPECT_EQ(requestDocument(request), noneChosen);
 }
 
 TEST(BriefingPeriod, IsWrittenWithBothEndsAsTheyStand) {
@@ -68,27 +68,27 @@ TEST(BriefingPeriod, GivesWayToTheDurationWhenItEndsBeforeItStarts) {
   request.Duration(6);
   EXPECT_EQ(requestDocument(request), duration("PT06H"));
   request.Duration(48);
-  EXPECT_EQ(requestDocument(request), nothing);
+  EXPECT_EQ(requestDocument(request), noneChosen);
 }
 
 TEST(BriefingPeriod, NeedsItsEndAfterItsStart) {
   BriefingRequest request;
   request.From(at(2024, 5, 1));
   request.Till(at(2024, 5, 1));
-  EXPECT_EQ(requestDocument(request), nothing);
+  EXPECT_EQ(requestDocument(request), noneChosen);
 }
 
 TEST(BriefingPeriod, NeedsBothEnds) {
   BriefingRequest onlyStart;
   onlyStart.From(at(2024, 5, 1));
-  EXPECT_EQ(requestDocument(onlyStart), nothing);
+  EXPECT_EQ(requestDocument(onlyStart), noneChosen);
   BriefingRequest onlyEnd;
   onlyEnd.Till(at(2024, 5, 1));
-  EXPECT_EQ(requestDocument(onlyEnd), nothing);
+  EXPECT_EQ(requestDocument(onlyEnd), noneChosen);
   BriefingRequest unsetEnd;
   unsetEnd.From(at(1969, 12, 31));
   unsetEnd.Till(at(1970, 1, 1));
-  EXPECT_EQ(requestDocument(unsetEnd), nothing);
+  EXPECT_EQ(requestDocument(unsetEnd), noneChosen);
 }
 
 TEST(BriefingPeriod, MayStartBefore1970) {
@@ -120,7 +120,7 @@ TEST(BriefingDuration, IsWrittenFrom1To47HoursOnly) {
         std::numeric_limits<std::int16_t>::max(), std::numeric_limits<std::int16_t>::min()}) {
     request.Duration(hours);
     EXPECT_EQ(request.Duration(), hours);
-    EXPECT_EQ(requestDocument(request), nothing) << hours;
+    EXPECT_EQ(requestDocument(request), noneChosen) << hours;
   }
 }
 

@@ -12,14 +12,14 @@
 namespace ktpnaips {
 namespace {
 
-struct Parts {
+struct UrlParts {
   std::wstring scheme = L"old scheme";
   std::wstring host = L"old host";
   std::wstring path = L"old path";
 };
 
-Parts split(std::wstring_view url) {
-  Parts parts;
+UrlParts split(std::wstring_view url) {
+  UrlParts parts;
   winInet::splitURL(url, parts.scheme, parts.host, parts.path);
   return parts;
 }
@@ -27,7 +27,7 @@ Parts split(std::wstring_view url) {
 void expectParts(std::wstring_view url, std::wstring_view scheme, std::wstring_view host,
                  std::wstring_view path) {
   const test::FailureRecorder recorder;
-  const Parts parts = split(url);
+  const UrlParts parts = split(url);
   EXPECT_EQ(parts.scheme, scheme);
   EXPECT_EQ(parts.host, host);
   EXPECT_EQ(parts.path, path);
@@ -72,7 +72,7 @@ TEST(UrlSplitting, KeepsQueriesAndUsersWhereTheyStand) {
 TEST(UrlSplitting, ReportsAUrlWithoutADoubleSlashAndLeavesTheThreeEmpty) {
   for (const wchar_t* url : {L"", L"/account-service", L"http:/h/p", L"abc"}) {
     const test::FailureRecorder recorder;
-    const Parts parts = split(url);
+    const UrlParts parts = split(url);
     EXPECT_EQ(parts.scheme, L"");
     EXPECT_EQ(parts.host, L"");
     EXPECT_EQ(parts.path, L"");
@@ -88,7 +88,7 @@ TEST(UrlSplitting, TakesUrlsOfUpTo32767Characters) {
   expectParts(longest, L"http:", L"h", longest.substr(8));
 
   const test::FailureRecorder recorder;
-  const Parts parts = split(longest + L'p');
+  const UrlParts parts = split(longest + L'p');
   EXPECT_EQ(parts.scheme, L"");
   EXPECT_EQ(parts.host, L"");
   EXPECT_EQ(parts.path, L"");

@@ -21,7 +21,7 @@ using test::missingObject;
 using test::outOfMemory;
 
 template <class Notification>
-class Failing : public Notification {
+class FailingNotification : public Notification {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
     throw RuntimeFault(fault::typeMismatch);
@@ -45,7 +45,7 @@ const char* const emptySarTime =
     "<ndd:sartimetban>TBA</ndd:sartimetban><ndd:ats-unit/><ndd:location/></ndd:sar><ndd:pob/>"
     "<ndd:radios VHF=\"false\" UHF=\"false\" elt-406-MHz=\"true\"/>"
     "<ndd:pilot name=\"\" phone=\"\"/></ndd:flight-notif>";
-const char* const group =
+const char* const aeroClub =
     "<ndd:group-id><ndd:group-name> Aero  Club </ndd:group-name></ndd:group-id>";
 
 class Filing : public testing::Test {
@@ -73,7 +73,7 @@ TEST_F(Filing, OfAnIcaoNotificationNamesItsGroupAsGiven) {
   SubmitICAOFlightNotifRqs request;
   request.GroupId(L" Aero  Club ");
   EXPECT_EQ(request.GroupId(), L" Aero  Club ");
-  EXPECT_EQ(requestDocument(request), icaoDocument("false", std::string(emptyIcao) + group));
+  EXPECT_EQ(requestDocument(request), icaoDocument("false", std::string(emptyIcao) + aeroClub));
   request.GroupId(L" ");
   EXPECT_EQ(requestDocument(request),
             icaoDocument("false", std::string(emptyIcao) +
@@ -86,7 +86,7 @@ TEST_F(Filing, OfAnIcaoNotificationWithoutOneSendsAnEmptyElement) {
   request.Notification(nullptr);
   request.GroupId(L" Aero  Club ");
   EXPECT_EQ(requestDocument(request),
-            icaoDocument("false", std::string("<ndd:flight-notif/>") + group));
+            icaoDocument("false", std::string("<ndd:flight-notif/>") + aeroClub));
 }
 
 TEST_F(Filing, OfAnIcaoNotificationHasItsOwnAttributeAfterTheScope) {
@@ -104,7 +104,7 @@ TEST_F(Filing, OfAnIcaoNotificationHasItsOwnAttributeAfterTheScope) {
 TEST_F(Filing, OfAnIcaoNotificationReportsAFailureAndKeepsWhatItWrote) {
   SubmitICAOFlightNotifRqs request;
   request.GroupId(L"Aero Club");
-  request.Notification(std::make_shared<Failing<ICAOFlightNotif>>());
+  request.Notification(std::make_shared<FailingNotification<ICAOFlightNotif>>());
   const test::FailureRecorder recorder;
   EXPECT_EQ(requestDocument(request), icaoDocument("false", "<ndd:flight-notif/>"));
   EXPECT_EQ(recorder.reports(),
@@ -128,7 +128,7 @@ TEST_F(Filing, OfASarTimeNotificationHasItsDefaults) {
 TEST_F(Filing, OfASarTimeNotificationNamesItsGroupAsGiven) {
   SubmitSARTimeNotifRqs request;
   request.GroupId(L" Aero  Club ");
-  EXPECT_EQ(requestDocument(request), sarTimeDocument(std::string(emptySarTime) + group));
+  EXPECT_EQ(requestDocument(request), sarTimeDocument(std::string(emptySarTime) + aeroClub));
 }
 
 TEST_F(Filing, OfASarTimeNotificationWithoutOneSendsAnEmptyElement) {
@@ -140,7 +140,7 @@ TEST_F(Filing, OfASarTimeNotificationWithoutOneSendsAnEmptyElement) {
 TEST_F(Filing, OfASarTimeNotificationReportsItsFailuresUnderTwoOtherNames) {
   SubmitSARTimeNotifRqs request;
   request.GroupId(L"Aero Club");
-  request.Notification(std::make_shared<Failing<SARTimeFlightNotif>>());
+  request.Notification(std::make_shared<FailingNotification<SARTimeFlightNotif>>());
   const test::FailureRecorder recorder;
   EXPECT_EQ(requestDocument(request), sarTimeDocument("<ndd:flight-notif/>"));
   EXPECT_EQ(recorder.reports(),

@@ -36,7 +36,7 @@ std::string stageText(int number, const std::string& aircraft) {
          "<ndd:other-info/></ndd:stage>";
 }
 
-class FailingStage : public ICAOFlightNotifStage {
+class FailingIcaoStage : public ICAOFlightNotifStage {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
     throw RuntimeFault(fault::typeMismatch);
@@ -120,7 +120,7 @@ TEST(IcaoNotification, ReportsAFailureUnderALongerClassNameAndKeepsWhatItWrote) 
   const test::FreshSettings settings;
   ICAOFlightNotif notification;
   notification.Add(stageOf(L"vhabc"));
-  notification.Add(std::make_shared<FailingStage>());
+  notification.Add(std::make_shared<FailingIcaoStage>());
   notification.Add(stageOf(L"vhdef"));
   const test::FailureRecorder recorder;
   EXPECT_EQ(written(notification), part("<ndd:domestic>true</ndd:domestic>" +

@@ -70,7 +70,7 @@ TEST(IcaoRoute, DropsSegmentsBeyondFifty) {
   EXPECT_EQ(recorder.reports(), test::Reports{});
 }
 
-class FailingPoint : public Point {
+class FailingRoutePoint : public Point {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
     throw RuntimeFault(fault::typeMismatch);
@@ -82,7 +82,7 @@ TEST(IcaoRoute, ReportsAFailureOfASegmentAndKeepsWhatItWrote) {
   ICAORoute route;
   const auto segment = std::make_shared<ICAORouteSegment>();
   segment->ATSRouteId(L"h65");
-  segment->Waypoint(std::make_shared<FailingPoint>());
+  segment->Waypoint(std::make_shared<FailingRoutePoint>());
   segment->NewSpeed(L"n0450");
   route.Add(segment);
   route.Add(std::make_shared<ICAORouteSegment>());
@@ -210,7 +210,7 @@ TEST(IcaoRouteSegment, LeavesTheElementOfAnInvalidWaypointEmpty) {
 
 TEST(IcaoRouteSegment, PassesAFailureOn) {
   ICAORouteSegment segment;
-  segment.Waypoint(std::make_shared<FailingPoint>());
+  segment.Waypoint(std::make_shared<FailingRoutePoint>());
   const test::FailureRecorder recorder;
   EXPECT_EQ(test::faultOf([&] { (void)written(segment); }), fault::typeMismatch);
   EXPECT_EQ(recorder.reports(), test::Reports{});

@@ -11,7 +11,7 @@ namespace ktpnaips {
 namespace {
 
 /// The parts of a stage, owned by the host.
-struct Parts {
+struct StageParts {
   std::shared_ptr<ICAORoute> route = std::make_shared<ICAORoute>();
   std::shared_ptr<ICAOOtherInfo> otherInfo = std::make_shared<ICAOOtherInfo>();
   std::shared_ptr<SarTimeInfo> sarTime = std::make_shared<SarTimeInfo>();
@@ -26,7 +26,7 @@ struct Parts {
 };
 
 TEST(IcaoStageParts, AreTheHostsOwnObjects) {
-  const Parts parts;
+  const StageParts parts;
   ICAOFlightNotifStage stage;
   parts.setOn(stage);
   EXPECT_EQ(stage.Route(), parts.route);
@@ -37,7 +37,7 @@ TEST(IcaoStageParts, AreTheHostsOwnObjects) {
 
 TEST(IcaoStageParts, AreSentWithoutEachOther) {
   const test::FreshSettings settings;
-  const Parts parts;
+  const StageParts parts;
   const auto fromRoute = [](auto set) {
     ICAOFlightNotifStage stage;
     set(stage);
@@ -67,7 +67,7 @@ TEST(IcaoStageParts, AreLeftOutOnceTheyAreTakenAway) {
   const test::FreshSettings settings;
   ICAOFlightNotifStage stage;
   const std::string without = test::written(stage);
-  Parts().setOn(stage);
+  StageParts().setOn(stage);
   EXPECT_NE(test::written(stage), without);
   stage.Route(nullptr);
   stage.OtherInfo(nullptr);
@@ -77,7 +77,7 @@ TEST(IcaoStageParts, AreLeftOutOnceTheyAreTakenAway) {
 }
 
 TEST(IcaoStageParts, AreReleasedWithTheirStage) {
-  const Parts parts;
+  const StageParts parts;
   {
     ICAOFlightNotifStage stage;
     parts.setOn(stage);

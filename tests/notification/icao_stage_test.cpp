@@ -199,11 +199,11 @@ TEST_F(IcaoStage, KeepsItsFlightRulesWhenTheyAreUnknown) {
 }
 
 TEST_F(IcaoStage, TakesEmptyFlightRulesTypeAndCategory) {
-  for (const wchar_t* nothing : {L"", L"   "}) {
+  for (const wchar_t* blank : {L"", L"   "}) {
     ICAOFlightNotifStage other;
-    other.FlightRules(nothing);
-    other.TypeOfFlight(nothing);
-    other.WTC(nothing);
+    other.FlightRules(blank);
+    other.TypeOfFlight(blank);
+    other.WTC(blank);
     EXPECT_EQ(other.FlightRules(), L"");
     EXPECT_EQ(other.TypeOfFlight(), L"");
     EXPECT_EQ(other.WTC(), L"");
@@ -346,7 +346,7 @@ TEST_F(IcaoStage, CannotBeSentWithCharactersThatXmlDoesNotAllow) {
 }
 
 template <class Part>
-class Failing : public Part {
+class FailingPart : public Part {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
     throw RuntimeFault(fault::typeMismatch);
@@ -359,15 +359,15 @@ TEST_F(IcaoStage, ReportsAFailureAndKeepsWhatItWrote) {
       L"ICAOFlightNotifStage";
   const std::string upToRoute = std::string(upToEquipment) + oldEquipment + fromDeparture;
   const test::FailureRecorder recorder;
-  stage.SupplInfo(std::make_shared<Failing<ICAOSupplInfo>>());
+  stage.SupplInfo(std::make_shared<FailingPart<ICAOSupplInfo>>());
   EXPECT_EQ(written(stage),
             part(upToRoute + "<ndd:route/><ndd:reg/><ndd:other-info/><ndd:suppl-info/>"));
-  stage.SARTime(std::make_shared<Failing<SarTimeInfo>>());
+  stage.SARTime(std::make_shared<FailingPart<SarTimeInfo>>());
   EXPECT_EQ(written(stage),
             part(upToRoute + "<ndd:route/><ndd:reg/><ndd:other-info/><ndd:sartimeinfo/>"));
-  stage.OtherInfo(std::make_shared<Failing<ICAOOtherInfo>>());
+  stage.OtherInfo(std::make_shared<FailingPart<ICAOOtherInfo>>());
   EXPECT_EQ(written(stage), part(upToRoute + "<ndd:route/><ndd:reg/><ndd:other-info/>"));
-  stage.Route(std::make_shared<Failing<ICAORoute>>());
+  stage.Route(std::make_shared<FailingPart<ICAORoute>>());
   EXPECT_EQ(written(stage), part(upToRoute + "<ndd:route/>"));
   EXPECT_EQ(recorder.reports(), test::Reports(4, report));
 }

@@ -30,7 +30,7 @@ const char* const fromRadios =
     "<ndd:pilot name=\"\" phone=\"\"/>";
 const std::string nosend = "<ndd:acid>NOSEND</ndd:acid><ndd:atyp/>";
 
-std::shared_ptr<SARTimeFlightNotifStage> stageFrom(std::wstring_view place) {
+std::shared_ptr<SARTimeFlightNotifStage> sarTimeStageFrom(std::wstring_view place) {
   auto stage = std::make_shared<SARTimeFlightNotifStage>();
   stage->Depart(place);
   stage->ETD(at(2026, 3, 7, 21, 0, 9));
@@ -68,7 +68,7 @@ TEST(SarTimeNotification, WritesEverythingInItsOrder) {
   notification.SarTimeInfo()->EndPoint(L"arr");
   notification.SarTimeInfo()->Location(L"ycwr");
   notification.Remarks(L" flying   low ");
-  notification.Add(stageFrom(L"ysbk"));
+  notification.Add(sarTimeStageFrom(L"ysbk"));
   notification.AircraftType(L" c  172 ");
   notification.Aircraft(L" vh  def ");
   EXPECT_EQ(written(notification),
@@ -165,15 +165,15 @@ TEST(SarTimeNotification, WritesEachRadioFromItsBit) {
     notification.setFlag(bit, true);
     return written(notification);
   };
-  const auto radios = [](const std::string& attributes) {
+  const auto withRadios = [](const std::string& attributes) {
     return part(nosend + sar + "<ndd:pob/><ndd:radios " + attributes +
                 "/><ndd:pilot name=\"\" phone=\"\"/>");
   };
-  EXPECT_EQ(with(0), radios("VHF=\"true\" UHF=\"false\" elt-406-MHz=\"false\""));
-  EXPECT_EQ(with(1), radios("VHF=\"false\" UHF=\"true\" elt-406-MHz=\"false\""));
-  EXPECT_EQ(with(2), radios("VHF=\"false\" UHF=\"false\" elt-406-MHz=\"true\""));
+  EXPECT_EQ(with(0), withRadios("VHF=\"true\" UHF=\"false\" elt-406-MHz=\"false\""));
+  EXPECT_EQ(with(1), withRadios("VHF=\"false\" UHF=\"true\" elt-406-MHz=\"false\""));
+  EXPECT_EQ(with(2), withRadios("VHF=\"false\" UHF=\"false\" elt-406-MHz=\"true\""));
   for (std::int32_t bit = 3; bit <= 30; ++bit) {
-    EXPECT_EQ(with(bit), radios("VHF=\"false\" UHF=\"false\" elt-406-MHz=\"false\""));
+    EXPECT_EQ(with(bit), withRadios("VHF=\"false\" UHF=\"false\" elt-406-MHz=\"false\""));
   }
   EXPECT_EQ(test::faultOf([&] { with(31); }), fault::overflow);
 }
@@ -181,7 +181,7 @@ TEST(SarTimeNotification, WritesEachRadioFromItsBit) {
 TEST(SarTimeNotification, NumbersItsStagesWithoutALimitAndIgnoresNoStage) {
   SARTimeFlightNotif notification;
   std::string expected = nosend;
-  const auto stage = stageFrom(L"ysbk");
+  const auto stage = sarTimeStageFrom(L"ysbk");
   notification.Add(nullptr);
   for (int number = 1; number <= 120; ++number) {
     notification.Add(stage);
@@ -201,7 +201,7 @@ TEST(SarTimeNotification, LeavesTheElementsOfMissingPartsEmpty) {
                           "elt-406-MHz=\"true\"/><ndd:pilot/>"));
 }
 
-class FailingStage : public SARTimeFlightNotifStage {
+class FailingSarTimeStage : public SARTimeFlightNotifStage {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
     throw RuntimeFault(fault::typeMismatch);
@@ -210,7 +210,7 @@ class FailingStage : public SARTimeFlightNotifStage {
 
 TEST(SarTimeNotification, ReportsAFailureUnderAnotherClassNameAndKeepsWhatItWrote) {
   SARTimeFlightNotif notification;
-  notification.Add(std::make_shared<FailingStage>());
+  notification.Add(std::make_shared<FailingSarTimeStage>());
   const test::FailureRecorder recorder;
   EXPECT_EQ(written(notification), part(nosend + "<ndd:stage number=\"1\"/>"));
   EXPECT_EQ(recorder.reports(),
@@ -293,7 +293,7 @@ TEST(SarTimeStage, IgnoresBlankLocationsAndHasNoLimitOfOthers) {
 
 TEST(SarTimeStage, ReportsAFailureUnderAnotherClassName) {
   EXPECT_EQ(
-      test::outcomesOfAppending(*stageFrom(L"ysbk")),
+      test::outcomesOfAppending(*sarTimeStageFrom(L"ysbk")),
       test::Outcomes{test::outOfMemory(L"IAppendable_appendTo", L"SARTimeNotificationStage")});
 }
 

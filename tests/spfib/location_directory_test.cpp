@@ -49,7 +49,7 @@ TEST(LocationDetails, AreEmptyAtFirstAndHoldWhatIsSet) {
   EXPECT_EQ(details.Coord(), point);
 }
 
-std::string coord(const std::string& lat, const std::string& lon) {
+std::string coordElement(const std::string& lat, const std::string& lon) {
   return "<n:loc-airspace><n:coord><n:lat>" + lat + "</n:lat><n:long>" + lon +
          "</n:long></n:coord></n:loc-airspace>";
 }
@@ -86,9 +86,10 @@ TEST(LocationDirectory, ReadsWhatItsEntriesHave) {
 
 TEST(LocationDirectory, ReadsTheNumberAtTheStartOfACoordinate) {
   LocAirspaceDirectoryRsp response;
-  test::load(response, test::success(coord(" -33.5 deg", "151,5") + coord("north", "") +
-                                     coord("33e2", ".5S") + coord("33D52", "151 12 30") +
-                                     coord("- 3", "+1.2.3")));
+  test::load(response,
+             test::success(coordElement(" -33.5 deg", "151,5") + coordElement("north", "") +
+                           coordElement("33e2", ".5S") + coordElement("33D52", "151 12 30") +
+                           coordElement("- 3", "+1.2.3")));
   ASSERT_EQ(response.Count(), 5);
   EXPECT_EQ(response.Item(1)->Coord()->Lat(), -33.5);
   EXPECT_EQ(response.Item(1)->Coord()->Lon(), 151.0);
@@ -114,10 +115,10 @@ TEST(LocationDirectory, EndsBeforeAnEntryWithALatitudeOnly) {
   const test::FailureRecorder recorder;
   LocAirspaceDirectoryRsp response;
   test::load(response,
-             test::success(coord("1", "2") +
+             test::success(coordElement("1", "2") +
                            "<n:loc-airspace><n:key>17</n:key><n:coord><n:lat>-33</n:lat></n:coord>"
                            "</n:loc-airspace>" +
-                           coord("3", "4")));
+                           coordElement("3", "4")));
   EXPECT_FALSE(response.Error());
   ASSERT_EQ(response.Count(), 1);
   EXPECT_EQ(response.Item(1)->Coord()->Lon(), 2.0);
@@ -128,10 +129,10 @@ TEST(LocationDirectory, EndsBeforeAnEntryWithALatitudeOnly) {
 
 TEST(LocationDirectory, EndsBeforeAnEntryWithATooLargeNumber) {
   const std::string digits(400, '9');
-  for (const std::string& tooLarge : {coord(digits, "2"), coord("1", '-' + digits)}) {
+  for (const std::string& tooLarge : {coordElement(digits, "2"), coordElement("1", '-' + digits)}) {
     const test::FailureRecorder recorder;
     LocAirspaceDirectoryRsp response;
-    test::load(response, test::success(coord("1", "2") + tooLarge));
+    test::load(response, test::success(coordElement("1", "2") + tooLarge));
     EXPECT_EQ(response.Count(), 1);
     EXPECT_EQ(recorder.reports(),
               test::Reports{L"Error 6 (Overflow) in procedure extractData of Class Module "
@@ -141,7 +142,7 @@ TEST(LocationDirectory, EndsBeforeAnEntryWithATooLargeNumber) {
 
 TEST(LocationDirectory, KeepsCoordinatesOfAnyMagnitude) {
   LocAirspaceDirectoryRsp response;
-  test::load(response, test::success(coord('1' + std::string(308, '0'), "-40000")));
+  test::load(response, test::success(coordElement('1' + std::string(308, '0'), "-40000")));
   ASSERT_EQ(response.Count(), 1);
   EXPECT_EQ(response.Item(1)->Coord()->Lat(), 1e308);
   EXPECT_EQ(response.Item(1)->Coord()->Lon(), -40000.0);
@@ -153,7 +154,8 @@ TEST(LocationDirectory, MayBeEmptyOrFailed) {
   EXPECT_FALSE(empty.Error());
   EXPECT_EQ(empty.Count(), 0);
   LocAirspaceDirectoryRsp failed;
-  test::load(failed, test::answer("<n:answer status=\"NO\">" + coord("1", "2") + "</n:answer>"));
+  test::load(failed,
+             test::answer("<n:answer status=\"NO\">" + coordElement("1", "2") + "</n:answer>"));
   EXPECT_TRUE(failed.Error());
   EXPECT_EQ(failed.Count(), 0);
 }

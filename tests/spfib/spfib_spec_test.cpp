@@ -20,7 +20,7 @@ using test::at;
 using test::part;
 using test::written;
 
-std::shared_ptr<SPFIBStageSpec> stageFrom(std::wstring_view place) {
+std::shared_ptr<SPFIBStageSpec> bulletinStageFrom(std::wstring_view place) {
   auto stage = std::make_shared<SPFIBStageSpec>();
   stage->ETD(at(2026, 11, 16, 22));
   stage->Departing(place);
@@ -36,8 +36,8 @@ std::string stageText(const std::string& place) {
          "<ndd:weight-category>L</ndd:weight-category><ndd:level>F180</ndd:level></ndd:stage>";
 }
 
-const std::string start = "<ndd:domestic>false</ndd:domestic><ndd:acid>NOSEND</ndd:acid>";
-const std::string end =
+const std::string specStart = "<ndd:domestic>false</ndd:domestic><ndd:acid>NOSEND</ndd:acid>";
+const std::string specEnd =
     "<ndd:tas>N0100</ndd:tas><ndd:exp-wind>false</ndd:exp-wind>"
     "<ndd:intl-series-notam>false</ndd:intl-series-notam>"
     "<ndd:full-text-notam>false</ndd:full-text-notam><ndd:charts>false</ndd:charts>"
@@ -50,15 +50,15 @@ TEST(BulletinSpec, HasItsDefaults) {
   EXPECT_EQ(spec.Count(), 0);
   EXPECT_EQ(spec.Item(1), nullptr);
   for (int bit = 0; bit <= 30; ++bit) EXPECT_FALSE(spec.flag(bit));
-  EXPECT_EQ(written(spec), part(start + end));
+  EXPECT_EQ(written(spec), part(specStart + specEnd));
 }
 
 TEST(BulletinSpec, WritesItsStagesBetweenAircraftAndAirspeed) {
   SPFIBSpec spec;
-  spec.addStage(stageFrom(L"yssy"));
-  EXPECT_EQ(written(spec), part(start + stageText("YSSY") + end));
-  spec.addStage(stageFrom(L"yscb"));
-  EXPECT_EQ(written(spec), part(start + stageText("YSSY") + stageText("YSCB") + end));
+  spec.addStage(bulletinStageFrom(L"yssy"));
+  EXPECT_EQ(written(spec), part(specStart + stageText("YSSY") + specEnd));
+  spec.addStage(bulletinStageFrom(L"yscb"));
+  EXPECT_EQ(written(spec), part(specStart + stageText("YSSY") + stageText("YSCB") + specEnd));
 }
 
 TEST(BulletinSpec, KeepsAircraftAndAirspeedExactlyAsGiven) {
@@ -95,7 +95,7 @@ TEST(BulletinSpec, ClearsAFlagAgain) {
   SPFIBSpec spec;
   spec.setFlag(0, true);
   spec.setFlag(0, false);
-  EXPECT_EQ(written(spec), part(start + end));
+  EXPECT_EQ(written(spec), part(specStart + specEnd));
   EXPECT_EQ(test::faultOf([&] { spec.setFlag(31, true); }), fault::overflow);
 }
 
@@ -104,18 +104,18 @@ TEST(BulletinSpec, TakesUpToTenStages) {
   spec.addStage(nullptr);
   EXPECT_EQ(spec.Count(), 0);
   std::string stages;
-  const auto stage = stageFrom(L"yssy");
+  const auto stage = bulletinStageFrom(L"yssy");
   for (int number = 1; number <= 10; ++number) {
-    spec.addStage(number == 10 ? stage : stageFrom(L"yscb"));
+    spec.addStage(number == 10 ? stage : bulletinStageFrom(L"yscb"));
     stages += stageText(number == 10 ? "YSSY" : "YSCB");
   }
-  spec.addStage(stageFrom(L"ymml"));
+  spec.addStage(bulletinStageFrom(L"ymml"));
   EXPECT_EQ(spec.Count(), 10);
   EXPECT_EQ(spec.Item(10), stage);
   EXPECT_EQ(spec.Item(11), nullptr);
   EXPECT_EQ(spec.Item(0), nullptr);
   EXPECT_EQ(spec.Item(-1), nullptr);
-  EXPECT_EQ(written(spec), part(start + stages + end));
+  EXPECT_EQ(written(spec), part(specStart + stages + specEnd));
 }
 
 class FailingStage : public SPFIBStageSpec {
@@ -129,7 +129,7 @@ TEST(BulletinSpec, ReportsAFailureAndKeepsWhatItWrote) {
   SPFIBSpec spec;
   spec.addStage(std::make_shared<FailingStage>());
   const test::FailureRecorder recorder;
-  EXPECT_EQ(written(spec), part(start + "<ndd:stage/>"));
+  EXPECT_EQ(written(spec), part(specStart + "<ndd:stage/>"));
   EXPECT_EQ(recorder.reports(),
             test::Reports{L"Error 13 (Type mismatch) in procedure IAppendable_appendTo of Class "
                           L"Module SPFIBSpec"});
@@ -139,7 +139,7 @@ TEST(BulletinSpec, GoesOnAfterAStageThatReportedItsOwnFailure) {
   SPFIBSpec spec;
   spec.addStage(std::make_shared<SPFIBStageSpec>());
   const test::FailureRecorder recorder;
-  EXPECT_EQ(written(spec), part(start + "<ndd:stage><ndd:adep/></ndd:stage>" + end));
+  EXPECT_EQ(written(spec), part(specStart + "<ndd:stage><ndd:adep/></ndd:stage>" + specEnd));
   EXPECT_EQ(recorder.reports().size(), 1U);
 }
 
