@@ -15,9 +15,9 @@ constexpr Shown<BriefItem> item[] = {{"Product", "", valueOf<&BriefItem::Product
 
 }  // namespace
 
-void briefingFields(const ktpnaips::BriefingResponse& briefing, Json& json) {
-  json["Content"] = jsonText(briefing.Content());
-  json["Product"] = jsonText(briefing.Product());
+void briefingFields(const ktpnaips::BriefingResponse& briefing, JsonObject& json) {
+  json.set("Content", jsonText(briefing.Content()));
+  json.set("Product", jsonText(briefing.Product()));
   setObjects(json, briefing, item);
 }
 

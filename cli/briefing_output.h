@@ -11,7 +11,7 @@
 
 namespace cli {
 
-void briefingFields(const ktpnaips::BriefingResponse& briefing, Json& json);
+void briefingFields(const ktpnaips::BriefingResponse& briefing, JsonObject& json);
 
 /// The text, then the paths of its files.
 void printBriefing(const ktpnaips::BriefingResponse& briefing);

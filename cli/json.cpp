@@ -1,7 +1,8 @@
 #include "cli/json.h"
 
 #include "cli/characters.h"
-#include "cli/text_output.h"
+#include "cli/secrets.h"
+#include "cli/standard_output.h"
 
 #include <ktpnaips/platform/text.h>
 
@@ -11,27 +12,79 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace cli {
+namespace {
+
+/// Masks secrets in the texts of a value. (What it looks like as JSON may have them by chance.)
+void mask(Json& value) {
+  if (value.is_string()) {
+    value = withoutSecrets(value.get_ref<const std::string&>());
+  } else if (value.is_structured()) {
+    for (Json& each : value) mask(each);
+  }
+}
+
+}  // namespace
 
 Json jsonText(std::wstring_view text) {
   return ktpnaips::text::toUtf8(text);
 }
 
-void printJson(const Json& json) {
-  const std::string text = json.dump(-1, ' ', false, Json::error_handler_t::replace);
-  std::string line;
-  line.reserve(text.size());
+JsonObject::JsonObject(Write write) : write_(std::move(write)) {
+  write_("{");
+}
+
+void JsonObject::set(std::string_view key, const Json& value) {
+  writeKey(key);
+  write(value);
+}
+
+void JsonObject::setAll(const Json& object) {
+  for (const auto& [key, value] : object.items()) set(key, value);
+}
+
+void JsonObject::end() {
+  write_("}");
+}
+
+void JsonObject::writeKey(std::string_view key) {
+  if (!isEmpty_) write_(",");
+  isEmpty_ = false;
+  write_(Json(key).dump());
+  write_(":");
+}
+
+void JsonObject::write(Json value) {
+  mask(value);
+  const std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  std::size_t written = 0;
   for (std::size_t at = 0; at < text.size();) {
     const Character character = characterAt(text, at);
     if (isActedOn(character.code)) {
-      line += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character.code));
-    } else {
-      line.append(text, at, character.length);
+      write_(std::string_view(text).substr(written, at - written));
+      write_(fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character.code)));
+      written = at + character.length;
     }
     at += character.length;
   }
-  printLine(line);
+  write_(std::string_view(text).substr(written));
+}
+
+void printJson(const JsonMembers& members) {
+  JsonObject json(writeOutput);
+  members(json);
+  json.end();
+  writeOutput("\n");
+}
+
+WrittenJson writtenJson(const JsonMembers& members) {
+  WrittenJson written;
+  JsonObject json([&](std::string_view piece) { written.text += piece; });
+  members(json);
+  json.end();
+  return written;
 }
 
 std::string dateTimeText(ktpnaips::DateTime value) {

@@ -50,22 +50,18 @@ const Object& objectOf(const Object& entry) {
 }
 
 template <class Object, std::size_t Size>
-void setProperties(Json& json, const Object& object, const Shown<Object> (&properties)[Size]) {
-  for (const auto& each : properties) json[each.property] = each.value(object);
-}
-
-template <class Object, std::size_t Size>
 Json jsonObject(const Object& object, const Shown<Object> (&properties)[Size]) {
   Json json = Json::object();
-  setProperties(json, object, properties);
+  for (const auto& each : properties) json[each.property] = each.value(object);
   return json;
 }
 
 /// Sets "Count" and "Items", the entries as objects with these properties.
 template <class Collection, class Object, std::size_t Size>
-void setObjects(Json& json, const Collection& collection, const Shown<Object> (&properties)[Size]) {
-  setItems(json, collection,
-           [&](const auto& entry) { return jsonObject(objectOf(entry), properties); });
+void setObjects(JsonObject& json, const Collection& collection,
+                const Shown<Object> (&properties)[Size]) {
+  json.setItems(collection,
+                [&](const auto& entry) { return jsonObject(objectOf(entry), properties); });
 }
 
 /// Writes "label: value" for a value that is not empty.
@@ -113,7 +109,7 @@ template <class Request, class Object, std::size_t Size>
 Run listing(std::shared_ptr<Request> request, const Shown<Object> (&properties)[Size]) {
   return [request = std::move(request), &properties](Session& session) {
     session.submit(
-        *request, [&](const auto& list, Json& json) { setObjects(json, list, properties); },
+        *request, [&](const auto& list, JsonObject& json) { setObjects(json, list, properties); },
         [&](const auto& list) { printTable(list, properties); });
   };
 }

@@ -208,14 +208,16 @@ std::wstring Session::kept(const std::wstring& file, const std::string& name) {
   }
 }
 
-void Session::show(const ktpnaips::ResponseBase* response, const Json& properties,
+void Session::show(const ktpnaips::ResponseBase* response, const JsonMembers& fields,
                    const std::function<void()>& print) {
   hasError_ = isError(response);
   if (!hasError_ && change_ != nullptr) done_ = change_->done;
   if (options_.json) {
-    Json json = outcome(response, properties);
-    json["Failures"] = failures_;
-    printJson(json);
+    printJson([&](JsonObject& json) {
+      json.setAll(outcome(response));
+      fields(json);
+      json.set("Failures", failures_);
+    });
     showChange(response);
   } else {
     if (hasError_) {
@@ -233,7 +235,7 @@ void Session::markTold() noexcept {
   ktpnaips::interruption::announce(nullptr);
 }
 
-Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& properties) const {
+Json Session::outcome(const ktpnaips::ResponseBase* response) const {
   Json json = Json::object();
   json["Error"] = isError(response);
   json["ErrorText"] = errorText(response);
@@ -244,7 +246,6 @@ Json Session::outcome(const ktpnaips::ResponseBase* response, const Json& proper
     const bool isTraced = options_.trace && response->Error();
     if (isTraced && outcomeOf(response) != Outcome::none) json["Trace"] = response->sentDocument();
   }
-  json.update(properties);
   return json;
 }
 
@@ -284,22 +285,20 @@ void Session::showOne(const ktpnaips::ResponseBase* response, const std::string&
   }
 }
 
-void Session::finishEach(const std::vector<Json>& outcomes, const Json& properties) const {
+void Session::finishEach(const Outcomes& outcomes, const Json& properties) const {
   if (!options_.json) return;
-  const auto hasFailed = [](const Json& each) { return each["Error"].get<bool>(); };
-  const auto failed = std::ranges::count_if(outcomes, hasFailed);
-  const auto first = std::ranges::find_if(outcomes, hasFailed);
-  Json json = Json::object();
-  json["Error"] = failed > 0;
-  json["ErrorText"] =
-      failed > 0 ? fmt::format("{} of {} requests failed.", failed, outcomes.size()) : "";
-  json["Outcome"] = failed > 0 ? (*first)["Outcome"] : Json("success");
-  json["Code"] = failed > 0 ? (*first)["Code"] : Json();
-  json.update(properties);
-  json["Count"] = outcomes.size();
-  json["Items"] = outcomes;
-  json["Failures"] = failures_;
-  printJson(json);
+  printJson([&](JsonObject& json) {
+    const auto failed = outcomes.failed();
+    const auto count = outcomes.written().size();
+    json.set("Error", failed > 0);
+    json.set("ErrorText",
+             failed > 0 ? fmt::format("{} of {} requests failed.", failed, count) : "");
+    json.set("Outcome", failed > 0 ? outcomes.firstFailed().at("Outcome") : Json("success"));
+    json.set("Code", failed > 0 ? outcomes.firstFailed().at("Code") : Json());
+    json.setAll(properties);
+    json.setItems(outcomes.written(), std::identity());
+    json.set("Failures", failures_);
+  });
 }
 
 void Session::finish() const {

@@ -6,6 +6,7 @@
 #include "cli/exit_status.h"
 #include "cli/global_options.h"
 #include "cli/json.h"
+#include "cli/outcomes.h"
 #include "cli/progress.h"
 #include "cli/simulation.h"
 #include "cli/text_output.h"
@@ -31,7 +32,7 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  /// Submits the request and shows its response: `fields` puts its properties into a JSON object,
+  /// Submits the request and shows its response: `fields` sets its properties in a JSON object,
   /// `print` writes them for a person. With `--dry-run`, writes the request document instead.
   /// Returns the response, if there is one.
   template <class Request, class Fields, class Print>
@@ -41,7 +42,7 @@ class Session {
       return decltype(request.submit())();
     }
     auto response = fetch(request);
-    show(response.get(), propertiesOf(response, fields), [&] { print(*response); });
+    show(response.get(), membersOf(response, fields), [&] { print(*response); });
     return response;
   }
 
@@ -50,7 +51,7 @@ class Session {
   template <class Request, class Keys, class Set, class Fields, class Print>
   void submitEach(Request& request, const Keys& keys, Set set, Fields fields, Print print) {
     Progress progress(keys.size(), !options_.quiet && !isDryRun());
-    std::vector<Json> outcomes;
+    Outcomes outcomes;
     for (const auto& key : keys) {
       set(request, key);
       if (isDryRun()) {
@@ -60,7 +61,7 @@ class Session {
       progress.next(oneLine(key));
       const auto response = fetch(request);
       progress.clear();
-      outcomes.push_back(outcome(response.get(), propertiesOf(response, fields)));
+      outcomes.add(outcome(response.get()), membersOf(response, fields));
       showOne(response.get(), oneLine(key), [&] { print(*response); });
     }
     if (!isDryRun()) finishEach(outcomes);
@@ -79,8 +80,8 @@ class Session {
     return response;
   }
 
-  /// Shows a response, or that there is none, with these properties.
-  void show(const ktpnaips::ResponseBase* response, const Json& properties,
+  /// Shows a response, or that there is none; `fields` sets its properties.
+  void show(const ktpnaips::ResponseBase* response, const JsonMembers& fields,
             const std::function<void()>& print);
 
   /// Writes the request's document.
@@ -101,10 +102,10 @@ class Session {
   /// after the key of the request when it failed.
   void showOne(const ktpnaips::ResponseBase* response, const std::string& key,
                const std::function<void()>& print);
-  /// The JSON object of one response.
-  [[nodiscard]] Json outcome(const ktpnaips::ResponseBase* response, const Json& properties) const;
+  /// What the JSON object of every response begins with.
+  [[nodiscard]] Json outcome(const ktpnaips::ResponseBase* response) const;
   /// Shows the outcomes of several requests as JSON, with what else there is to tell.
-  void finishEach(const std::vector<Json>& outcomes, const Json& properties = Json::object()) const;
+  void finishEach(const Outcomes& outcomes, const Json& properties = Json::object()) const;
 
   [[nodiscard]] const GlobalOptions& options() const { return options_; }
   /// One sentence on the failed response of the last request: what happened and what to do next.
@@ -140,10 +141,10 @@ class Session {
   }
 
   template <class Response, class Fields>
-  static Json propertiesOf(const std::shared_ptr<Response>& response, Fields fields) {
-    Json properties = Json::object();
-    if (response != nullptr) fields(*response, properties);
-    return properties;
+  static JsonMembers membersOf(const std::shared_ptr<Response>& response, Fields fields) {
+    return [response, fields](JsonObject& json) {
+      if (response != nullptr) fields(*response, json);
+    };
   }
 
   /// Copies the files of a response into `--out` and makes it name the copies.

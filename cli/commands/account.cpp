@@ -44,8 +44,8 @@ const Registered logIn({"account", "login", "Check the account and show its hold
                           return [=](Session& session) {
                             session.submit(
                                 *request,
-                                [](const auto& response, Json& json) {
-                                  setProperties(json, response, holder);
+                                [](const auto& response, JsonObject& json) {
+                                  json.setAll(jsonObject(response, holder));
                                 },
                                 printHolder);
                           };
@@ -68,7 +68,7 @@ const Registered changePassword(
                [=](auto text) { request->Email(text); });
        return [=](Session& session) {
          session.submit(
-             *request, [](const auto&, Json&) {},
+             *request, [](const auto&, JsonObject&) {},
              [](const auto&) { printLine("The password has been changed."); });
        };
      }});

@@ -38,9 +38,9 @@ struct Call {
   bool isForAll = false;
 };
 
-void chartFields(const GetChartRsp& chart, Json& json) {
+void chartFields(const GetChartRsp& chart, JsonObject& json) {
   const auto& descriptor = chart.ChartDescriptor();
-  json["ChartDescriptor"] = descriptor ? jsonObject(*descriptor, description) : Json();
+  json.set("ChartDescriptor", descriptor ? jsonObject(*descriptor, description) : Json());
   setObjects(json, chart, product);
 }
 
@@ -64,7 +64,12 @@ void getAll(Session& session, Call& call) {
   }
   const auto directory = session.fetch(request);
   if (directory == nullptr || directory->Error()) {
-    session.show(directory.get(), {{"Count", 0}, {"Items", Json::array()}}, [] {});
+    session.show(
+        directory.get(),
+        [](JsonObject& json) {
+          json.setAll({{"Count", 0}, {"Items", Json::array()}});
+        },
+        [] {});
     return;
   }
   for (const auto& chart : *directory) call.keys.push_back(chart->Key());

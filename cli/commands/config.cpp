@@ -86,13 +86,14 @@ std::string fileLine(const Configuration& configuration) {
 void showSettings(const CLI::App& root, const GlobalOptions& options) {
   const auto settings = settingsOf(root, options);
   if (options.json) {
-    Json json = {{"Error", false}, {"ErrorText", ""}, {"Outcome", "success"}, {"Code", nullptr}};
-    json["File"] = options.configuration.file;
-    setItems(json, settings, [](const Setting& each) -> Json {
-      return {{"Name", each.name}, {"Value", each.value}, {"From", each.from}};
+    printJson([&](JsonObject& json) {
+      json.setAll({{"Error", false}, {"ErrorText", ""}, {"Outcome", "success"}, {"Code", nullptr}});
+      json.set("File", options.configuration.file);
+      json.setItems(settings, [](const Setting& each) -> Json {
+        return {{"Name", each.name}, {"Value", each.value}, {"From", each.from}};
+      });
+      json.set("Failures", Json::array());
     });
-    json["Failures"] = Json::array();
-    printJson(json);
     return;
   }
   printLine("Configuration file: " + fileLine(options.configuration));

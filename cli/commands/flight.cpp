@@ -28,8 +28,8 @@ constexpr Shown<ActiveFlightNotifDetails> notification[] = {
     {"GroupId", "GROUP", valueOf<&ActiveFlightNotifDetails::GroupId>},
     {"Id", "ID", valueOf<&ActiveFlightNotifDetails::Id>}};
 
-void planFields(const SubmitICAOFlightNotifRsp& response, Json& json) {
-  setItems(json, response, jsonText);
+void planFields(const SubmitICAOFlightNotifRsp& response, JsonObject& json) {
+  json.setItems(response, jsonText);
 }
 
 void printPlans(const SubmitICAOFlightNotifRsp& response) {
@@ -40,8 +40,8 @@ void printPlans(const SubmitICAOFlightNotifRsp& response) {
   }
 }
 
-void sarTimeFields(const SubmitSARTimeNotifRsp& response, Json& json) {
-  json["NotifText"] = jsonText(response.NotifText());
+void sarTimeFields(const SubmitSARTimeNotifRsp& response, JsonObject& json) {
+  json.set("NotifText", jsonText(response.NotifText()));
 }
 
 void printSarTime(const SubmitSARTimeNotifRsp& response) {

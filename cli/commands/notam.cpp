@@ -21,8 +21,8 @@ constexpr Shown<NotamBaseDescriptor> notam[] = {
     {"Location", "LOCATION", valueOf<&NotamBaseDescriptor::Location>},
     {"Summary", "SUMMARY", valueOf<&NotamBaseDescriptor::Summary>}};
 
-void listFields(const ViewNOTAMListForSPFIBRsp& response, Json& json) {
-  json["SPFIBNumber"] = jsonText(response.SPFIBNumber());
+void listFields(const ViewNOTAMListForSPFIBRsp& response, JsonObject& json) {
+  json.set("SPFIBNumber", jsonText(response.SPFIBNumber()));
   setObjects(json, response, notam);
 }
 

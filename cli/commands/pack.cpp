@@ -13,7 +13,6 @@
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -109,8 +108,7 @@ void makePack(Session& session, PackCall& call) {
   if (!isFile) {
     printLine(pack::htmlDocument(gathered));
   } else {
-    const bool isAnswered =
-        std::ranges::any_of(outcomes, [](const Json& each) { return !each["Error"].get<bool>(); });
+    const bool isAnswered = outcomes.failed() < outcomes.written().size();
     const std::string told = writePack(gathered, call, browser, *file, isAnswered);
     if (!session.options().json) printLine(told);
   }

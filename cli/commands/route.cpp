@@ -30,9 +30,9 @@ void addAerodromes(CLI::App& app, const std::shared_ptr<Request>& request) {
   })->required();
 }
 
-void routeFields(const AbstractResponse& response, Json& json) {
+void routeFields(const AbstractResponse& response, JsonObject& json) {
   const auto payload = response.Payload();
-  json["Payload"] = payload ? Json(payload.serialise()) : Json();
+  json.set("Payload", payload ? Json(payload.serialise()) : Json());
 }
 
 void printRoute(const AbstractResponse& response) {

@@ -44,10 +44,10 @@ Json specification(const SPFIBSpec& spec) {
   return json;
 }
 
-void bulletinFields(const GetSPFIBRsp& response, Json& json) {
-  json["Duration"] = jsonText(response.Duration());
+void bulletinFields(const GetSPFIBRsp& response, JsonObject& json) {
+  json.set("Duration", jsonText(response.Duration()));
   const auto& spec = response.SPFIBSpec();
-  json["SPFIBSpec"] = spec ? specification(*spec) : Json();
+  json.set("SPFIBSpec", spec ? specification(*spec) : Json());
 }
 
 void printBulletin(const GetSPFIBRsp& response) {

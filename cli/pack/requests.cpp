@@ -147,7 +147,7 @@ class Gathering {
   /// Cuts a list of what is asked for one by one to what a pack may send, and says so.
   template <class Entry>
   void keepWithinBound(std::vector<Entry>& list, const std::string& what) {
-    const std::size_t room = mostRequests - std::min(mostRequests, outcomes_.size());
+    const std::size_t room = mostRequests - std::min(mostRequests, outcomes_.written().size());
     if (list.size() <= room) return;
     Answer answer;
     answer.title = what;
@@ -169,7 +169,8 @@ class Gathering {
     progress_.next(what);
     response = session_.fetch(request);
     progress_.clear();
-    outcomes_.push_back(session_.outcome(response.get(), {{"Request", what}}));
+    outcomes_.add(session_.outcome(response.get()),
+                  [&](JsonObject& json) { json.set("Request", what); });
     session_.showOne(response.get(), what, [] {});
     take(response.get(), answer);
     return response;
@@ -192,11 +193,11 @@ class Gathering {
   void skip(Answer& answer) {
     fail(answer, fmt::format("Not asked, as the service {} just before.",
                              isUnreached_ ? "could not be reached" : "did not answer"));
-    outcomes_.push_back({{"Error", true},
-                         {"ErrorText", answer.reason},
-                         {"Outcome", "not-sent"},
-                         {"Code", nullptr},
-                         {"Request", answer.title}});
+    outcomes_.add({{"Error", true},
+                   {"ErrorText", answer.reason},
+                   {"Outcome", "not-sent"},
+                   {"Code", nullptr},
+                   {"Request", answer.title}});
   }
 
   void fail(Answer& answer, std::string reason) {
@@ -475,7 +476,7 @@ class Gathering {
   const Wanted& wanted_;
   Progress progress_;
   Pack pack_;
-  std::vector<Json> outcomes_;
+  Outcomes outcomes_;
   std::size_t expectedNames_ = 0;
   int letDown_ = 0;  // requests in a row that the network let down
   bool isUnreached_ = false;

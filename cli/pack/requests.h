@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/json.h"
+#include "cli/outcomes.h"
 #include "cli/pack/pack.h"
 #include "cli/session.h"
 
@@ -21,7 +21,7 @@ struct Wanted {
 
 struct Gathered {
   Pack pack;
-  std::vector<Json> outcomes;  ///< of the requests, in their order, each with its "Request"
+  Outcomes outcomes;  ///< of the requests, in their order, each with its "Request"
 };
 
 /// Makes a pilot's requests for the flight one after another and gathers their answers. What fails
