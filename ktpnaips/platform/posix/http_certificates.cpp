@@ -37,8 +37,8 @@ int noteFinding(int accepted, X509_STORE_CTX* context) {
   return accepted;
 }
 
-// A libcurl of these releases that has no memory to keep a ticket goes on holding a name that it has
-// freed, and frees it again with the next ticket.
+// A libcurl of these releases that has no memory to keep a ticket goes on holding a name that it
+// has freed, and frees it again with the next ticket.
 bool losesTickets() {
   return curl_version_info(CURLVERSION_NOW)->version_num < 0x080800;
 }
