@@ -19,14 +19,14 @@ struct FallibleFunction {
   [[nodiscard]] bool allocates() const;
 };
 
-/// A library under ours, and its function if that has a name outside of it. Empty for this program
-/// and the library in it.
+/// A library under ours, and the function in it, the innermost that has a name outside of it. Empty
+/// for this program and the library in it.
 struct Caller {
   const char* library = "";  ///< as in "libcurl.so.4"
   const char* function = "";
 
-  /// Whether it is that library, as in "libcurl".
-  [[nodiscard]] bool isOf(std::string_view name) const;
+  /// Whether the library's name starts so, as in "libcurl.".
+  [[nodiscard]] bool isOf(std::string_view start) const;
 };
 
 /// Ways to fail that are no value of `errno`.

@@ -156,25 +156,29 @@ bool counts() {
 }
 
 /// Who called a function of this program that returns there. The system's own library and C++'s act
-/// for those above them.
+/// for those above them, but for the memory of a new thread.
 Caller callerOf(void* returnAddress) {
   const Uncounted uncounted;
+  Caller caller;
   std::array<void*, 64> frames{};
   const auto end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
   for (auto at = std::find(frames.begin(), end, returnAddress); at != end; ++at) {
     Dl_info found{};
     if (dladdr(*at, &found) == 0) break;
-    const std::size_t slash = std::string_view(found.dli_fname).rfind('/');
-    const char* const library = found.dli_fname + (slash + 1);
+    const char* const library = found.dli_fname + std::string_view(found.dli_fname).rfind('/') + 1;
     const std::string_view name = library;
     const std::string_view function = found.dli_sname != nullptr ? found.dli_sname : "";
+    if (function == "_dl_allocate_tls") return {library, found.dli_sname};
     const bool isForOthers = name.starts_with("libc.") || name.starts_with("libstdc++.") ||
                              name.starts_with("ld-") || function.starts_with("CRYPTO_");
     if (isForOthers) continue;
-    if (!name.starts_with("lib")) break;
-    return {library, function.data()};
+    if (!name.starts_with("lib") || (*caller.library != '\0' && name != caller.library)) break;
+    caller.library = library;
+    if (function.empty()) continue;  // one that has no name outside of its library
+    caller.function = found.dli_sname;
+    break;
   }
-  return {};
+  return caller;
 }
 
 /// Where libxml2's code is, so that nothing else is looked up: that takes long.
@@ -291,7 +295,7 @@ ssize_t transferred(const FallibleFunction& function, std::size_t size, Transfer
 /// look up a name, as docs/network-faults.md says.
 bool closesStandardInput(void* caller) {
   return curl_version_info(CURLVERSION_NOW)->version_num < 0x080e00 &&
-         callerOf(caller).isOf("libcurl");
+         callerOf(caller).isOf("libcurl.");
 }
 
 struct Start {
@@ -308,9 +312,8 @@ void* countedThread(void* argument) {
 
 }  // namespace
 
-bool Caller::isOf(std::string_view name) const {
-  const std::string_view whole = library;
-  return whole.starts_with(name) && whole.substr(name.size()).starts_with(".so");
+bool Caller::isOf(std::string_view start) const {
+  return std::string_view(library).starts_with(start);
 }
 
 bool FallibleFunction::allocates() const {

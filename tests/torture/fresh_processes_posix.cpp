@@ -16,6 +16,7 @@
 #include <new>
 #include <stdexcept>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "tests/torture/pack.h"
@@ -60,12 +61,19 @@ void makeCalls(int socket, Unpack order, const std::vector<Scenario>& all) {
   failure.isLasting = order.number() != 0;
   prepareCalls(*scenario, deployment);
   Pack done;
-  const Seen failed = call(*scenario, dataFolder, failure);
-  const StepsTaken steps = stepsTaken();
+  Seen failed;
+  StepsTaken steps;
+  Seen after;
+  std::thread([&] {  // whose files go with it
+    failed = call(*scenario, dataFolder, failure);
+    steps = stepsTaken();
+    after = call(*scenario, dataFolder, {});
+  })
+      .join();
   pack(failed, done);
   done.add(steps.deniedTo.library);
   done.add({reinterpret_cast<const char*>(&steps), sizeof steps});  // NOLINT: the same program
-  pack(call(*scenario, dataFolder, {}), done);
+  pack(after, done);
   send(socket, done.bytes());
 }
 
