@@ -42,7 +42,7 @@ std::filesystem::path defaultStateFolder() {
     return std::filesystem::path(state) / "naips-simulator";
   }
   const char* home = std::getenv("HOME");
-  return std::filesystem::path(home != nullptr && *home != '\0' ? home : "/tmp") /
+  return std::filesystem::path(home != nullptr && *home == '/' ? home : "/tmp") /
          ".local/state/naips-simulator";
 }
 

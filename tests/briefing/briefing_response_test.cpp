@@ -39,7 +39,7 @@ class BriefingAnswer : public testing::Test {
   BriefingResponse response;
 };
 
-std::string product(const std::string& type, const std::string& base64) {
+std::string briefingProduct(const std::string& type, const std::string& base64) {
   return "<n:product type=\"" + type + "\"><n:content>" + base64 + "</n:content></n:product>";
 }
 
@@ -70,12 +70,12 @@ TEST_F(BriefingAnswer, MayHaveNoText) {
 }
 
 TEST_F(BriefingAnswer, TakesOnlyTheAnswersOwnContentForItsText) {
-  load(product("PNG", "QUJD"));
+  load(briefingProduct("PNG", "QUJD"));
   EXPECT_EQ(response.Content(), L"");
 }
 
 TEST_F(BriefingAnswer, WritesAGifUnderTheTypePng) {
-  load(product("GIF", "QUJD"));
+  load(briefingProduct("GIF", "QUJD"));
   ASSERT_EQ(response.Count(), 1);
   const auto item = response.Item(1);
   EXPECT_EQ(item->ProductType(), L"PNG");
@@ -86,7 +86,8 @@ TEST_F(BriefingAnswer, WritesAGifUnderTheTypePng) {
 }
 
 TEST_F(BriefingAnswer, KeepsAnyOtherTypeAsItsExtension) {
-  load(product("JPG", "QUJD") + product("gif", "QUI=") + product("a.b", "QQ=="));
+  load(briefingProduct("JPG", "QUJD") + briefingProduct("gif", "QUI=") +
+       briefingProduct("a.b", "QQ=="));
   ASSERT_EQ(response.Count(), 3);
   EXPECT_EQ(response.Item(1)->ProductType(), L"JPG");
   EXPECT_EQ(response.Item(1)->File(), folder.file("NAIPS1.JPG"));
@@ -99,7 +100,7 @@ TEST_F(BriefingAnswer, KeepsAnyOtherTypeAsItsExtension) {
 }
 
 TEST_F(BriefingAnswer, NamesTheFileOfAProductWithoutATypeWithABarePoint) {
-  load("<n:product><n:content>QUJD</n:content></n:product>" + product("", "QUI="));
+  load("<n:product><n:content>QUJD</n:content></n:product>" + briefingProduct("", "QUI="));
   ASSERT_EQ(response.Count(), 2);
   EXPECT_EQ(response.Item(1)->ProductType(), L"");
   EXPECT_EQ(response.Item(1)->File(), folder.file("NAIPS1."));
@@ -108,7 +109,7 @@ TEST_F(BriefingAnswer, NamesTheFileOfAProductWithoutATypeWithABarePoint) {
 }
 
 TEST_F(BriefingAnswer, ListsAProductWithoutContentAndGoesOn) {
-  load("<n:product type=\"GIF\"/>" + product("PNG", "QUJD"));
+  load("<n:product type=\"GIF\"/>" + briefingProduct("PNG", "QUJD"));
   ASSERT_EQ(response.Count(), 2);
   EXPECT_EQ(response.Item(1)->ProductType(), L"PNG");
   EXPECT_EQ(response.Item(1)->File(), L"");
@@ -116,7 +117,7 @@ TEST_F(BriefingAnswer, ListsAProductWithoutContentAndGoesOn) {
 }
 
 TEST_F(BriefingAnswer, GivesTwoProductsTwoNumbers) {
-  load(product("PNG", "QUJD") + product("GIF", "REVG"));
+  load(briefingProduct("PNG", "QUJD") + briefingProduct("GIF", "REVG"));
   ASSERT_EQ(response.Count(), 2);
   EXPECT_EQ(response.Item(1)->File(), folder.file("NAIPS1.PNG"));
   EXPECT_EQ(response.Item(2)->File(), folder.file("NAIPS2.PNG"));
@@ -125,7 +126,7 @@ TEST_F(BriefingAnswer, GivesTwoProductsTwoNumbers) {
 }
 
 TEST_F(BriefingAnswer, ReadsItsOwnChildrenInTheSchemaNamespaceOnly) {
-  load("<n:more>" + product("PNG", "QUJD") + "</n:more><product type=\"PNG\"/>");
+  load("<n:more>" + briefingProduct("PNG", "QUJD") + "</n:more><product type=\"PNG\"/>");
   EXPECT_EQ(response.Count(), 0);
 }
 
@@ -138,13 +139,13 @@ TEST_F(BriefingAnswer, WritesEveryByteUnchanged) {
     for (const unsigned shift : {18U, 12U, 6U, 0U}) base64 += alphabet[group >> shift & 63U];
     for (const unsigned shift : {16U, 8U, 0U}) bytes += static_cast<char>(group >> shift & 255U);
   }
-  load(product("BIN", base64 + "/w=="));
+  load(briefingProduct("BIN", base64 + "/w=="));
   EXPECT_EQ(contentOf("NAIPS1.BIN"), bytes + '\xFF');
 }
 
 TEST_F(BriefingAnswer, DecodesContentInLinesOrInPieces) {
-  load(product("A", "\nQU\r\nJD\n") + product("B", "QU<!-- c -->JD") +
-       product("C", "<![CDATA[QUJD]]>") + product("D", "&#81;UJD"));
+  load(briefingProduct("A", "\nQU\r\nJD\n") + briefingProduct("B", "QU<!-- c -->JD") +
+       briefingProduct("C", "<![CDATA[QUJD]]>") + briefingProduct("D", "&#81;UJD"));
   ASSERT_EQ(response.Count(), 4);
   for (const char* name : {"NAIPS1.A", "NAIPS1.B", "NAIPS1.C", "NAIPS1.D"}) {
     EXPECT_EQ(contentOf(name), "ABC") << name;
@@ -152,14 +153,14 @@ TEST_F(BriefingAnswer, DecodesContentInLinesOrInPieces) {
 }
 
 TEST_F(BriefingAnswer, OffersItsItemsForIterationInOrder) {
-  load(product("A", "QUJD") + product("B", "QUJD"));
+  load(briefingProduct("A", "QUJD") + briefingProduct("B", "QUJD"));
   ASSERT_EQ(response.Images().size(), 2U);
   EXPECT_EQ(response.Images()[0], response.Item(1));
   EXPECT_EQ(response.Images()[1], response.Item(2));
 }
 
 TEST_F(BriefingAnswer, GivesNoItemOutsideOneToCount) {
-  load(product("A", "QUJD"));
+  load(briefingProduct("A", "QUJD"));
   EXPECT_EQ(response.Item(0), nullptr);
   EXPECT_EQ(response.Item(2), nullptr);
   EXPECT_EQ(response.Item(-1), nullptr);
@@ -167,8 +168,8 @@ TEST_F(BriefingAnswer, GivesNoItemOutsideOneToCount) {
 }
 
 TEST_F(BriefingAnswer, StopsAtBrokenBase64AndKeepsWhatWasWrittenBefore) {
-  EXPECT_EQ(faultOfLoading("<n:content>text</n:content>" + product("PNG", "QUJD") +
-                           product("PNG", "QUJ") + product("PNG", "REVG")),
+  EXPECT_EQ(faultOfLoading("<n:content>text</n:content>" + briefingProduct("PNG", "QUJD") +
+                           briefingProduct("PNG", "QUJ") + briefingProduct("PNG", "REVG")),
             fault::invalidBase64);
   EXPECT_FALSE(response.Error());
   EXPECT_EQ(response.Content(), L"text");
@@ -181,14 +182,14 @@ TEST_F(BriefingAnswer, StopsAtBrokenBase64AndKeepsWhatWasWrittenBefore) {
 }
 
 TEST_F(BriefingAnswer, StopsAtEmptyBase64AndWritesNoFile) {
-  EXPECT_EQ(faultOfLoading(product("PNG", "")), fault::subscriptOutOfRange);
+  EXPECT_EQ(faultOfLoading(briefingProduct("PNG", "")), fault::subscriptOutOfRange);
   EXPECT_EQ(response.Count(), 1);
   EXPECT_EQ(folder.names(), Names{});
 }
 
 TEST_F(BriefingAnswer, RefusesATypeThatWouldLeadOutOfTheDataFolder) {
   for (const char* type : {"/../../x", "/x", "x/y", "/../x", "\\..\\..\\x", "\\x", "x:y", ":s"}) {
-    EXPECT_EQ(faultOfLoading(product(type, "QUJD")), fault::badFileName) << type;
+    EXPECT_EQ(faultOfLoading(briefingProduct(type, "QUJD")), fault::badFileName) << type;
     EXPECT_EQ(response.Count(), 1) << type;
     EXPECT_EQ(response.Item(1)->ProductType(), text::fromUtf8(type)) << type;
     EXPECT_EQ(folder.names(), Names{}) << type;
@@ -196,8 +197,8 @@ TEST_F(BriefingAnswer, RefusesATypeThatWouldLeadOutOfTheDataFolder) {
 }
 
 TEST_F(BriefingAnswer, KeepsWhatItReadBeforeARefusedType) {
-  EXPECT_EQ(faultOfLoading("<n:content>text</n:content>" + product("PNG", "QUJD") +
-                           product("/../../x", "QUJD")),
+  EXPECT_EQ(faultOfLoading("<n:content>text</n:content>" + briefingProduct("PNG", "QUJD") +
+                           briefingProduct("/../../x", "QUJD")),
             fault::badFileName);
   EXPECT_EQ(response.Content(), L"text");
   EXPECT_EQ(response.Count(), 2);
@@ -206,15 +207,16 @@ TEST_F(BriefingAnswer, KeepsWhatItReadBeforeARefusedType) {
 
 TEST_F(BriefingAnswer, FaultsWhereAFolderHasTheNameOfItsFile) {
   std::filesystem::create_directories(folder.path() / "NAIPS1.PNG");
-  EXPECT_EQ(faultOfLoading(product("PNG", "QUJD")), fault::pathFileAccess);
+  EXPECT_EQ(faultOfLoading(briefingProduct("PNG", "QUJD")), fault::pathFileAccess);
   ASSERT_EQ(response.Count(), 1);
   EXPECT_EQ(response.Item(1)->File(), folder.file("NAIPS1.PNG"));
   EXPECT_EQ(folder.names(), Names{"NAIPS1.PNG"});
 }
 
 TEST_F(BriefingAnswer, WritesNewFilesEachTimeItIsLoaded) {
-  load("<n:content>first</n:content>" + product("PNG", "QUJD") + product("PNG", "QUI="));
-  load(product("PNG", "REVG"));
+  load("<n:content>first</n:content>" + briefingProduct("PNG", "QUJD") +
+       briefingProduct("PNG", "QUI="));
+  load(briefingProduct("PNG", "REVG"));
   EXPECT_EQ(response.Content(), L"");
   ASSERT_EQ(response.Count(), 1);
   EXPECT_EQ(response.Item(1)->File(), folder.file("NAIPS3.PNG"));
@@ -223,9 +225,9 @@ TEST_F(BriefingAnswer, WritesNewFilesEachTimeItIsLoaded) {
 }
 
 TEST_F(BriefingAnswer, EmptiesItselfOnAFailedAnswer) {
-  load("<n:content>first</n:content>" + product("PNG", "QUJD"));
+  load("<n:content>first</n:content>" + briefingProduct("PNG", "QUJD"));
   test::load(response, test::answer("<n:answer status=\"FAILURE\"><n:content>c</n:content>" +
-                                    product("PNG", "QUJD") + "</n:answer>"));
+                                    briefingProduct("PNG", "QUJD") + "</n:answer>"));
   EXPECT_TRUE(response.Error());
   EXPECT_EQ(response.Content(), L"");
   EXPECT_EQ(response.Count(), 0);
@@ -235,7 +237,7 @@ TEST_F(BriefingAnswer, EmptiesItselfOnAFailedAnswer) {
 TEST_F(BriefingAnswer, LeavesItsFilesToTheHost) {
   std::thread([&] {
     BriefingResponse own;
-    test::load(own, test::success(product("PNG", "QUJD")));
+    test::load(own, test::success(briefingProduct("PNG", "QUJD")));
     EXPECT_EQ(own.Count(), 1);
   }).join();
   EXPECT_EQ(folder.names(), Names{"NAIPS1.PNG"});
@@ -251,7 +253,7 @@ TEST_F(BriefingAnswer, NeverSharesAFileWithAnotherThread) {
       const std::string base64 = std::string("QU") + static_cast<char>('A' + i) + "A";
       for (int n = 0; n < answers; ++n) {
         BriefingResponse each;
-        test::load(each, test::success(product("PNG", base64)));
+        test::load(each, test::success(briefingProduct("PNG", base64)));
         own.push_back(each.Item(1)->File());
       }
     });

@@ -50,7 +50,7 @@ Entries verdictOn(const std::string& document) {
 }
 
 /// What a response of its own kind holds after loading.
-class Plain final : public ResponseBase {
+class CountingResponse final : public ResponseBase {
  public:
   int extractions = 0;
 
@@ -59,7 +59,7 @@ class Plain final : public ResponseBase {
 };
 
 std::wstring errorText(const std::string& document) {
-  Plain response;
+  CountingResponse response;
   test::load(response, document);
   EXPECT_TRUE(response.Error());
   EXPECT_EQ(response.extractions, 0);
@@ -84,7 +84,7 @@ TEST(BareResponse, KeepsNothing) {
 }
 
 TEST(Response, ReadsAsFailedUntilItIsAnswered) {
-  const Plain response;
+  const CountingResponse response;
   EXPECT_TRUE(response.Error());
   EXPECT_EQ(response.ErrorText(), L"No response set");
   EXPECT_FALSE(response.Payload());
@@ -92,7 +92,7 @@ TEST(Response, ReadsAsFailedUntilItIsAnswered) {
 }
 
 TEST(Response, StoresWhatIsSetOnIt) {
-  Plain response;
+  CountingResponse response;
   const xml::Document document = test::parsed("<a/>");
   response.Error(false);
   response.ErrorText(L"text");
@@ -103,7 +103,7 @@ TEST(Response, StoresWhatIsSetOnIt) {
 }
 
 TEST(Response, IsASuccessWithThePayloadOfASuccessfulAnswer) {
-  Plain response;
+  CountingResponse response;
   test::load(response, test::success("<n:name>x</n:name>"));
   EXPECT_FALSE(response.Error());
   EXPECT_EQ(response.ErrorText(), L"");
@@ -113,7 +113,7 @@ TEST(Response, IsASuccessWithThePayloadOfASuccessfulAnswer) {
 }
 
 TEST(Response, ExtractsAgainFromASecondAnswer) {
-  Plain response;
+  CountingResponse response;
   test::load(response, test::success(""));
   test::load(response, test::answer("<n:answer status=\"X\"/>"));
   EXPECT_EQ(response.extractions, 1);
@@ -281,7 +281,7 @@ TEST(Loading, IgnoresAFaultInsideThePayloadOrOutsideTheSoapNamespace) {
 }
 
 TEST(Loading, ReadsAPrettyPrintedAnswerLikeACompactOne) {
-  Plain response;
+  CountingResponse response;
   test::load(response, test::answer("\r\n    <n:answer status=\"SUCCESS\">\n\t<n:name>x</n:name>"
                                     "\n  </n:answer>\n  "));
   EXPECT_FALSE(response.Error());
@@ -299,7 +299,7 @@ class UnloadableAnswer : public testing::Test {
   /// What is reported when a response is given the answer, which must set nothing.
   static test::Reports reportsOn(const std::string& document) {
     const test::FailureRecorder recorder;
-    Plain response;
+    CountingResponse response;
     test::load(response, document);
     EXPECT_TRUE(response.Error());
     EXPECT_EQ(response.ErrorText(), L"No response set");
@@ -340,7 +340,7 @@ TEST(Loading, TakesAFaultBehindTextThatIsNoElement) {
 }
 
 TEST(AnswerTexts, AreReadOnlyWhenPresent) {
-  Plain response;
+  CountingResponse response;
   test::load(response, test::success("<n:a>text</n:a><n:b/>"));
   std::wstring a = L"old";
   std::wstring b = L"old";
@@ -354,7 +354,7 @@ TEST(AnswerTexts, AreReadOnlyWhenPresent) {
 }
 
 TEST(AnswerTexts, FaultWhenTheyAreNeededAndAbsent) {
-  Plain response;
+  CountingResponse response;
   test::load(response, test::success("<n:a id=\"7\">text</n:a>"));
   const xml::Node payload = response.Payload();
   EXPECT_EQ(neededText(payload, "naips:a"), L"text");

@@ -44,17 +44,10 @@ std::string http(const std::string& status, const std::string& body) {
          "\r\nConnection: close\r\n\r\n" + body;
 }
 
-RawServer::Script answering(std::string bytes) {
-  return [bytes = std::move(bytes)](test::Peer& peer) {
-    peer.readRequest();
-    peer.write(bytes);
-  };
-}
-
 /// What comes of the request at a server that answers so; the server may close without an answer.
 template <class Request>
 auto answered(const Request& request, const std::string& answer) {
-  const RawServer server(answering(answer));
+  const RawServer server(test::answering(answer));
   const test::SubmitsTo there(server.address(), 20'000);
   return request.submit();
 }
@@ -74,7 +67,7 @@ auto unconnected(const Request& request) {
 
 constexpr std::wstring_view rule = L"\r\n\r\n+-+-+-+\r\nIn response to request:\r\n\r\n";
 
-class Plain final : public ResponseBase {};
+class PlainResponse final : public ResponseBase {};
 
 TEST(Outcome, HasANameForEveryLanguage) {
   EXPECT_EQ(nameOf(Outcome::success), L"success");
@@ -87,7 +80,7 @@ TEST(Outcome, HasANameForEveryLanguage) {
 }
 
 TEST(Outcome, IsNoneUntilThereIsAnAnswer) {
-  const Plain response;
+  const PlainResponse response;
   EXPECT_EQ(response.outcome(), Outcome::none);
   EXPECT_EQ(response.errorCode(), std::nullopt);
   EXPECT_EQ(response.reason(), L"No response set");
@@ -97,7 +90,7 @@ TEST(Outcome, IsNoneUntilThereIsAnAnswer) {
 TEST(Outcome, IsWhatAKeptAnswerSays) {
   const auto kept = [](const std::string& document) {
     const test::FailureRecorder failures;
-    Plain response;
+    PlainResponse response;
     test::load(response, document);
     EXPECT_EQ(response.errorCode(), std::nullopt);
     EXPECT_EQ(response.reason(), response.ErrorText());
@@ -110,7 +103,7 @@ TEST(Outcome, IsWhatAKeptAnswerSays) {
   EXPECT_EQ(kept("<html/>"), Outcome::unreadable);
   EXPECT_EQ(kept(test::answer("<n:a/>")), Outcome::unreadable);
   EXPECT_EQ(kept(test::answer("")), Outcome::unreadable);
-  Plain response;
+  PlainResponse response;
   response.ResponseDoc(xml::Document());
   EXPECT_EQ(response.outcome(), Outcome::none);
 }

@@ -41,7 +41,7 @@ class Scripted final : public IAppendable {
   Script script_;
 };
 
-class Plain final : public ResponseBase {};
+class PostedResponse final : public ResponseBase {};
 
 /// A configuration without a base URL: whatever is posted fails before anything is sent.
 class Posting : public testing::Test {
@@ -149,7 +149,7 @@ TEST_F(Posting, TakesNoResponse) {
 
 TEST_F(Posting, AppendsTheTraceToWhatTheResponseSays) {
   const test::FailureRecorder recorder;
-  const auto response = std::make_shared<Plain>();
+  const auto response = std::make_shared<PostedResponse>();
   Utils::aaapost(9, L"", Scripted([](const xml::Node& parent, std::wstring_view uri) {
                    modBrevank::addElement(parent, L"x", uri);
                  }),
@@ -173,7 +173,7 @@ TEST_F(Posting, TrapsAFailingRequestAndSendsNothing) {
   };
   for (const auto& each : cases) {
     const test::FailureRecorder recorder;
-    const auto response = std::make_shared<Plain>();
+    const auto response = std::make_shared<PostedResponse>();
     EXPECT_NO_THROW(Utils::aaapost(1, L"x", Scripted(each.script), response));
     EXPECT_EQ(recorder.reports(), test::Reports{each.report});
     EXPECT_TRUE(response->Error());
@@ -187,7 +187,7 @@ TEST_F(Posting, RefusesCharactersThatXmlDoesNotAllowAndSendsNothing) {
   for (const auto& character : forbidden) {
     for (const bool inAttribute : {true, false}) {
       const test::FailureRecorder recorder;
-      const auto response = std::make_shared<Plain>();
+      const auto response = std::make_shared<PostedResponse>();
       const std::wstring value = L"a" + character + L"b";
       const Scripted request([&](const xml::Node& parent, std::wstring_view uri) {
         const xml::Node element =

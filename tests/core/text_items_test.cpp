@@ -20,7 +20,7 @@ namespace {
 using test::part;
 using test::written;
 
-struct Sample {
+struct ItemsSample {
   Property<std::wstring> Text;
   Property<bool> Switch;
   Property<std::int16_t> Number;
@@ -28,20 +28,20 @@ struct Sample {
 };
 
 /// A part of the sample's items that `items` lists.
-class SamplePart : public IAppendable {
+class ItemsPart : public IAppendable {
  public:
-  SamplePart(const Sample& sample, std::vector<TextItem<Sample>> items)
+  ItemsPart(const ItemsSample& sample, std::vector<TextItem<ItemsSample>> items)
       : sample_(sample), items_(std::move(items)) {}
   void appendTo(const xml::Node& parent, std::wstring_view namespaceUri) const override {
     addItems(parent, namespaceUri, sample_, items_);
   }
 
  private:
-  const Sample& sample_;
-  std::vector<TextItem<Sample>> items_;
+  const ItemsSample& sample_;
+  std::vector<TextItem<ItemsSample>> items_;
 };
 
-std::wstring nothing(std::wstring_view) {
+std::wstring emptied(std::wstring_view) {
   return {};
 }
 
@@ -60,43 +60,46 @@ TEST(RequestText, WritesEachTypeAsRequestsCarryIt) {
 }
 
 TEST(TextItems, AreWrittenInTheirOrder) {
-  Sample sample;
+  ItemsSample sample;
   sample.Text(L" a ");
   sample.Switch(true);
   sample.Number(12);
   sample.Time(test::at(2026, 3, 7));
-  EXPECT_EQ(written(SamplePart(sample, {{L"time", textOf<&Sample::Time>},
-                                        {L"text", textOf<&Sample::Text>},
-                                        {L"number", textOf<&Sample::Number>},
-                                        {L"switch", textOf<&Sample::Switch>}})),
+  EXPECT_EQ(written(ItemsPart(sample, {{L"time", textOf<&ItemsSample::Time>},
+                                       {L"text", textOf<&ItemsSample::Text>},
+                                       {L"number", textOf<&ItemsSample::Number>},
+                                       {L"switch", textOf<&ItemsSample::Switch>}})),
             part("<ndd:time>2026-03-07T00:00:00Z</ndd:time><ndd:text> a </ndd:text>"
                  "<ndd:number>12</ndd:number><ndd:switch>true</ndd:switch>"));
 }
 
 TEST(TextItems, AreLeftOutWhenEmptyOnlyIfTheySaySo) {
-  Sample sample;
-  const std::vector<TextItem<Sample>> items{
-      {L"always", textOf<&Sample::Text>}, {L"sometimes", textOf<&Sample::Text>, Sent::unlessEmpty}};
-  EXPECT_EQ(written(SamplePart(sample, items)), part("<ndd:always/>"));
+  ItemsSample sample;
+  const std::vector<TextItem<ItemsSample>> items{
+      {L"always", textOf<&ItemsSample::Text>},
+      {L"sometimes", textOf<&ItemsSample::Text>, Sent::unlessEmpty}};
+  EXPECT_EQ(written(ItemsPart(sample, items)), part("<ndd:always/>"));
   sample.Text(L"x");
-  EXPECT_EQ(written(SamplePart(sample, items)),
+  EXPECT_EQ(written(ItemsPart(sample, items)),
             part("<ndd:always>x</ndd:always><ndd:sometimes>x</ndd:sometimes>"));
 }
 
 TEST(TextItems, AreJudgedByTheirTextAndNotByWhatIsWrittenForIt) {
-  Sample sample;
-  EXPECT_EQ(written(SamplePart(sample, {{L"a", textOf<&Sample::Text>, Sent::unlessEmpty, twice}})),
-            test::nothingWritten);
+  ItemsSample sample;
+  EXPECT_EQ(
+      written(ItemsPart(sample, {{L"a", textOf<&ItemsSample::Text>, Sent::unlessEmpty, twice}})),
+      test::nothingWritten);
   sample.Text(L"x");
-  EXPECT_EQ(written(SamplePart(sample, {{L"a", textOf<&Sample::Text>, Sent::unlessEmpty, twice},
-                                        {L"b", textOf<&Sample::Text>, Sent::unlessEmpty, nothing},
-                                        {L"c", textOf<&Sample::Text>, Sent::always, nothing}})),
-            part("<ndd:a>xx</ndd:a><ndd:b/><ndd:c/>"));
+  EXPECT_EQ(
+      written(ItemsPart(sample, {{L"a", textOf<&ItemsSample::Text>, Sent::unlessEmpty, twice},
+                                 {L"b", textOf<&ItemsSample::Text>, Sent::unlessEmpty, emptied},
+                                 {L"c", textOf<&ItemsSample::Text>, Sent::always, emptied}})),
+      part("<ndd:a>xx</ndd:a><ndd:b/><ndd:c/>"));
 }
 
-class Owner : public IAppendable {
+class ItemsHolder : public IAppendable {
  public:
-  explicit Owner(const IAppendable* content) : content_(content) {}
+  explicit ItemsHolder(const IAppendable* content) : content_(content) {}
   void appendTo(const xml::Node& parent, std::wstring_view namespaceUri) const override {
     addPart(parent, L"holder", namespaceUri, content_);
   }
@@ -106,11 +109,11 @@ class Owner : public IAppendable {
 };
 
 TEST(NestedPart, FillsAnElementThatIsThereAnyway) {
-  Sample sample;
+  ItemsSample sample;
   sample.Text(L"x");
-  const SamplePart content(sample, {{L"a", textOf<&Sample::Text>}});
-  EXPECT_EQ(written(Owner(&content)), part("<ndd:holder><ndd:a>x</ndd:a></ndd:holder>"));
-  EXPECT_EQ(written(Owner(nullptr)), part("<ndd:holder/>"));
+  const ItemsPart content(sample, {{L"a", textOf<&ItemsSample::Text>}});
+  EXPECT_EQ(written(ItemsHolder(&content)), part("<ndd:holder><ndd:a>x</ndd:a></ndd:holder>"));
+  EXPECT_EQ(written(ItemsHolder(nullptr)), part("<ndd:holder/>"));
 }
 
 }  // namespace

@@ -21,13 +21,6 @@
 namespace ktpnaips {
 namespace {
 
-test::RawServer::Script answering(std::string answer) {
-  return [answer = std::move(answer)](test::Peer& peer) {
-    peer.readRequest();
-    peer.write(answer);
-  };
-}
-
 test::ScopedDeployment connectingTo(const std::wstring& address) {
   Deployment deployment;
   deployment.connectTo = address;
@@ -36,7 +29,7 @@ test::ScopedDeployment connectingTo(const std::wstring& address) {
 
 /// What a post is answered with when the server answers so: headers, if they are kept, and body.
 std::string answerTo(const std::string& answer) {
-  const test::RawServer server(answering(answer));
+  const test::RawServer server(test::answering(answer));
   const auto deployment = connectingTo(server.address());
   const winInet::Answer read = winInet::winInetSend(L"http://h/p", L"name", "<a/>");
   EXPECT_TRUE(read.hasSent);
@@ -88,8 +81,8 @@ TEST(TransportAnswer, HasNoRawHeadersWhenTheyAreLongerThanAQueryReturns) {
 }
 
 TEST(TransportAnswer, HasStatusAndContentTypeBesideThem) {
-  const test::RawServer server(
-      answering("HTTP/1.1 404 Gone\r\nContent-Type: text/html; a=b\r\nContent-Length: 0\r\n\r\n"));
+  const test::RawServer server(test::answering(
+      "HTTP/1.1 404 Gone\r\nContent-Type: text/html; a=b\r\nContent-Length: 0\r\n\r\n"));
   const auto deployment = connectingTo(server.address());
   const winInet::Answer answer = winInet::winInetSend(L"http://h/p", L"name", "<a/>");
   EXPECT_EQ(answer.status, "404");
@@ -156,8 +149,8 @@ TEST_F(TransportThroughAProxy, AsksNobodyForAnAccountForAnyOtherAnswer) {
 }
 
 TEST(HttpQuery, FillsTheValueWhenTheAnswerHasIt) {
-  const test::RawServer server(
-      answering("HTTP/1.1 404 Gone\r\nContent-Type: text/xml; a=b\r\nContent-Length: 0\r\n\r\n"));
+  const test::RawServer server(test::answering(
+      "HTTP/1.1 404 Gone\r\nContent-Type: text/xml; a=b\r\nContent-Length: 0\r\n\r\n"));
   test::HttpCall call;
   call.route.connectTo = server.address();
   http::Exchange exchange;
@@ -173,7 +166,7 @@ TEST(HttpQuery, FillsTheValueWhenTheAnswerHasIt) {
 }
 
 TEST(HttpQuery, LeavesTheValueAsItWasWhenTheAnswerDoesNotHaveIt) {
-  const test::RawServer server(answering("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n"));
+  const test::RawServer server(test::answering("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n"));
   test::HttpCall call;
   call.route.connectTo = server.address();
   http::Exchange exchange;

@@ -21,7 +21,7 @@ using test::nothingWritten;
 using test::part;
 
 /// What the point writes; it reports nothing.
-std::string written(const IAppendable& point) {
+std::string writtenPoint(const IAppendable& point) {
   const test::FailureRecorder recorder;
   std::string text = test::written(point);
   EXPECT_EQ(recorder.reports(), test::Reports{});
@@ -41,7 +41,7 @@ std::string bearDist(const std::string& name, const std::string& bearing,
 
 /// The latitude as it is written.
 std::string latitude(double value) {
-  const std::string text = written(CoordinatePoint(value, 0));
+  const std::string text = writtenPoint(CoordinatePoint(value, 0));
   const std::string start = "<ndd:part><ndd:coord><ndd:lat>";
   return text.substr(start.size(), text.find("</ndd:lat>") - start.size());
 }
@@ -63,9 +63,9 @@ TEST(NamedPlace, IsInvalidUntilItHasAName) {
   NamedPoint point;
   EXPECT_EQ(point.Name(), L"");
   EXPECT_EQ(point.toString(), L"");
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
   point.Name(L"   ");
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
 }
 
 TEST(NamedPlace, TrimsAndUpperCasesItsName) {
@@ -73,7 +73,7 @@ TEST(NamedPlace, TrimsAndUpperCasesItsName) {
   point.Name(L"  ysSy ");
   EXPECT_EQ(point.Name(), L"YSSY");
   EXPECT_EQ(point.toString(), L"YSSY");
-  EXPECT_EQ(written(point), part("<ndd:loc>YSSY</ndd:loc>"));
+  EXPECT_EQ(writtenPoint(point), part("<ndd:loc>YSSY</ndd:loc>"));
   point.Name(L" a  b ");
   EXPECT_EQ(point.Name(), L"A  B");
   EXPECT_EQ(NamedPoint(L" wol ").Name(), L"WOL");
@@ -82,7 +82,7 @@ TEST(NamedPlace, TrimsAndUpperCasesItsName) {
 TEST(NamedPlace, IsAppendedAlikeThroughItsInterfaces) {
   const std::shared_ptr<Point> point = std::make_shared<NamedPoint>(L"yssy");
   const IAppendable& appendable = *point;
-  EXPECT_EQ(written(appendable), part("<ndd:loc>YSSY</ndd:loc>"));
+  EXPECT_EQ(writtenPoint(appendable), part("<ndd:loc>YSSY</ndd:loc>"));
   EXPECT_EQ(point->toString(), L"YSSY");
 }
 
@@ -96,31 +96,31 @@ TEST(Coordinates, AreInvalidAtFirst) {
   EXPECT_EQ(point.Lat(), 91.0);
   EXPECT_EQ(point.Lon(), 181.0);
   EXPECT_EQ(point.toString(), L"9100N18100E");
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
 }
 
 TEST(Coordinates, NeedBothTheirValues) {
   CoordinatePoint onlyLat;
   onlyLat.Lat(-33.0);
-  EXPECT_EQ(written(onlyLat), nothingWritten);
+  EXPECT_EQ(writtenPoint(onlyLat), nothingWritten);
   CoordinatePoint onlyLon;
   onlyLon.Lon(151.0);
-  EXPECT_EQ(written(onlyLon), nothingWritten);
+  EXPECT_EQ(writtenPoint(onlyLon), nothingWritten);
 }
 
 TEST(Coordinates, AreWrittenWithSixDecimals) {
-  EXPECT_EQ(written(CoordinatePoint(-33.8667, 151.2)), coord("-33.866700", "151.200000"));
-  EXPECT_EQ(written(CoordinatePoint(1, -2)), coord("1.000000", "-2.000000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(-33.8667, 151.2)), coord("-33.866700", "151.200000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(1, -2)), coord("1.000000", "-2.000000"));
 }
 
 TEST(Coordinates, AreWrittenWithoutALeadingZero) {
-  EXPECT_EQ(written(CoordinatePoint(0.5, -0.25)), coord(".500000", "-.250000"));
-  EXPECT_EQ(written(CoordinatePoint(0, 0)), coord(".000000", ".000000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(0.5, -0.25)), coord(".500000", "-.250000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(0, 0)), coord(".000000", ".000000"));
 }
 
 TEST(Coordinates, AreValidUpToTheirBounds) {
-  EXPECT_EQ(written(CoordinatePoint(90, 180)), coord("90.000000", "180.000000"));
-  EXPECT_EQ(written(CoordinatePoint(-90, -180)), coord("-90.000000", "-180.000000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(90, 180)), coord("90.000000", "180.000000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(-90, -180)), coord("-90.000000", "-180.000000"));
 }
 
 TEST(Coordinates, AreInvalidBeyondTheirBounds) {
@@ -128,11 +128,11 @@ TEST(Coordinates, AreInvalidBeyondTheirBounds) {
   const double notANumber = std::numeric_limits<double>::quiet_NaN();
   for (const double lat : {std::nextafter(90.0, 91.0), std::nextafter(-90.0, -91.0), 1e300,
                            infinity, -infinity, notANumber}) {
-    EXPECT_EQ(written(CoordinatePoint(lat, 0)), nothingWritten) << lat;
+    EXPECT_EQ(writtenPoint(CoordinatePoint(lat, 0)), nothingWritten) << lat;
   }
   for (const double lon : {std::nextafter(180.0, 181.0), std::nextafter(-180.0, -181.0), 1e300,
                            infinity, -infinity, notANumber}) {
-    EXPECT_EQ(written(CoordinatePoint(0, lon)), nothingWritten) << lon;
+    EXPECT_EQ(writtenPoint(CoordinatePoint(0, lon)), nothingWritten) << lon;
   }
 }
 
@@ -142,7 +142,7 @@ TEST(Coordinates, AreRoundedHalfAwayFromZero) {
   EXPECT_EQ(latitude(5.0 / 128), ".039063");
   EXPECT_EQ(latitude(33 + 1.0 / 128), "33.007813");
   EXPECT_EQ(latitude(-33 - 1.0 / 128), "-33.007813");
-  EXPECT_EQ(written(CoordinatePoint(0, 151 + 1.0 / 128)), coord(".000000", "151.007813"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(0, 151 + 1.0 / 128)), coord(".000000", "151.007813"));
 }
 
 TEST(Coordinates, AreRoundedOnTheirExactBinaryValue) {
@@ -159,7 +159,7 @@ TEST(Coordinates, MayRoundUpToAWholeDegree) {
   EXPECT_EQ(latitude(0.9999999), "1.000000");
   EXPECT_EQ(latitude(9.9999996), "10.000000");
   EXPECT_EQ(latitude(89.9999999), "90.000000");
-  EXPECT_EQ(written(CoordinatePoint(0, -179.9999999)), coord(".000000", "-180.000000"));
+  EXPECT_EQ(writtenPoint(CoordinatePoint(0, -179.9999999)), coord(".000000", "-180.000000"));
 }
 
 TEST(Coordinates, KeepTheSignOfANegativeValueThatRoundsToZero) {
@@ -222,7 +222,7 @@ TEST(BearingAndDistance, AreInvalidAtFirst) {
   EXPECT_EQ(point.Bearing(), 0);
   EXPECT_EQ(point.Distance(), 0);
   EXPECT_EQ(point.toString(), L"000000");
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
 }
 
 TEST(BearingAndDistance, AreWrittenWithAPaddedDistanceOnly) {
@@ -231,21 +231,21 @@ TEST(BearingAndDistance, AreWrittenWithAPaddedDistanceOnly) {
   point.Bearing(45);
   point.Distance(25);
   EXPECT_EQ(point.Name(), L"SY");
-  EXPECT_EQ(written(point), bearDist("SY", "45", "025"));
+  EXPECT_EQ(writtenPoint(point), bearDist("SY", "45", "025"));
   EXPECT_EQ(point.toString(), L"SY045025");
-  EXPECT_EQ(written(BearingDistPoint(L"sy", 5, 5)), bearDist("SY", "5", "005"));
+  EXPECT_EQ(writtenPoint(BearingDistPoint(L"sy", 5, 5)), bearDist("SY", "5", "005"));
 }
 
 TEST(BearingAndDistance, AreValidWithinTheirBounds) {
-  EXPECT_EQ(written(BearingDistPoint(L"sy", 0, 1)), bearDist("SY", "0", "001"));
-  EXPECT_EQ(written(BearingDistPoint(L"sy", 359, 999)), bearDist("SY", "359", "999"));
+  EXPECT_EQ(writtenPoint(BearingDistPoint(L"sy", 0, 1)), bearDist("SY", "0", "001"));
+  EXPECT_EQ(writtenPoint(BearingDistPoint(L"sy", 359, 999)), bearDist("SY", "359", "999"));
   for (const std::int16_t bearing : {std::int16_t{360}, std::int16_t{-1}}) {
-    EXPECT_EQ(written(BearingDistPoint(L"sy", bearing, 25)), nothingWritten);
+    EXPECT_EQ(writtenPoint(BearingDistPoint(L"sy", bearing, 25)), nothingWritten);
   }
   for (const std::int16_t distance : {std::int16_t{0}, std::int16_t{1000}, std::int16_t{-1}}) {
-    EXPECT_EQ(written(BearingDistPoint(L"sy", 45, distance)), nothingWritten);
+    EXPECT_EQ(writtenPoint(BearingDistPoint(L"sy", 45, distance)), nothingWritten);
   }
-  EXPECT_EQ(written(BearingDistPoint(L"  ", 45, 25)), nothingWritten);
+  EXPECT_EQ(writtenPoint(BearingDistPoint(L"  ", 45, 25)), nothingWritten);
 }
 
 TEST(BearingAndDistance, KeepAnyValueAndShowItInTheirText) {
@@ -260,15 +260,15 @@ TEST(BearingAndDistance, MayHaveTheLimitsOfTheirType) {
   using Limits = std::numeric_limits<std::int16_t>;
   BearingDistPoint point(L"sy", Limits::min(), Limits::max());
   EXPECT_EQ(point.toString(), L"SY-3276832767");
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
   point.Bearing(45);
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
   point.Bearing(Limits::max());
   point.Distance(Limits::min());
   EXPECT_EQ(point.toString(), L"SY32767-32768");
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
   point.Bearing(45);
-  EXPECT_EQ(written(point), nothingWritten);
+  EXPECT_EQ(writtenPoint(point), nothingWritten);
 }
 
 TEST(BearingAndDistance, HaveNoHandler) {

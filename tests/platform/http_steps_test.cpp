@@ -15,13 +15,6 @@
 namespace ktpnaips::test {
 namespace {
 
-RawServer::Script answering(const std::string& answer) {
-  return [answer](Peer& peer) {
-    peer.readRequest();
-    peer.write(answer);
-  };
-}
-
 class HttpSteps : public testing::Test {
  protected:
   static HttpOutcome callOn(const RawServer& server) {

@@ -15,12 +15,14 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/refusal.h"
 #include "tests/support/repeated.h"
 
 /// What hostile answers cost libxml2: counted, not timed.
 namespace ktpnaips {
 namespace {
 
+using test::refusalOf;
 using test::repeated;
 using xml::Document;
 using xml::ParseFailure;
@@ -82,12 +84,6 @@ Cost costOf(const std::string& text) {
   const CountedMemory counting;
   Document::parse(text);
   return cost;
-}
-
-std::wstring refusalOf(const std::string& text) {
-  ParseFailure failure;
-  EXPECT_FALSE(Document::parse(text, &failure)) << text.substr(0, 200);
-  return failure.reason;
 }
 
 std::string numbered(std::string_view before, std::size_t times, std::string_view after) {

@@ -7,21 +7,16 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/refusal.h"
 #include "tests/support/repeated.h"
 
 /// Answers made to cost time or memory, or to read what is not theirs.
 namespace ktpnaips {
 namespace {
 
+using test::refusalOf;
 using test::repeated;
 using xml::Document;
-using xml::ParseFailure;
-
-std::wstring refusalOf(const std::string& text) {
-  ParseFailure failure;
-  EXPECT_FALSE(Document::parse(text, &failure)) << text.substr(0, 200);
-  return failure.reason;
-}
 
 std::string nested(std::size_t levels) {
   return repeated("<a>", levels) + repeated("</a>", levels);

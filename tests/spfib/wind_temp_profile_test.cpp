@@ -73,13 +73,13 @@ class Profile : public testing::Test {
   test::FreshSettings settings_;
 };
 
-std::shared_ptr<WindTempStage> stageFrom(std::wstring_view place) {
+std::shared_ptr<WindTempStage> windStageFrom(std::wstring_view place) {
   auto stage = std::make_shared<WindTempStage>();
   stage->Depart(place);
   return stage;
 }
 
-std::string stageText(const std::string& place) {
+std::string windStageText(const std::string& place) {
   return "<ndd:stage><ndd:adep>" + place + "</ndd:adep><ndd:ades/>" + zeroDate + "</ndd:stage>";
 }
 
@@ -91,24 +91,24 @@ TEST_F(Profile, HoldsOnlyAnEmptyAirspeedAtFirst) {
 
 TEST_F(Profile, WritesItsAirspeedAfterItsStages) {
   request.TAS(L" n  0450 ");
-  request.addStage(stageFrom(L"yssy"));
-  request.addStage(stageFrom(L"yscb"));
+  request.addStage(windStageFrom(L"yssy"));
+  request.addStage(windStageFrom(L"yscb"));
   EXPECT_EQ(request.TAS(), L"N  0450");
   EXPECT_EQ(requestDocument(request),
-            document(stageText("YSSY") + stageText("YSCB") + "<ndd:tas>N  0450</ndd:tas>"));
+            document(windStageText("YSSY") + windStageText("YSCB") + "<ndd:tas>N  0450</ndd:tas>"));
 }
 
 TEST_F(Profile, TakesUpToTenStages) {
   request.addStage(nullptr);
   std::string expected;
   for (int number = 1; number <= 11; ++number) {
-    request.addStage(stageFrom(L"y" + std::to_wstring(number)));
-    if (number <= 10) expected += stageText("Y" + std::to_string(number));
+    request.addStage(windStageFrom(L"y" + std::to_wstring(number)));
+    if (number <= 10) expected += windStageText("Y" + std::to_string(number));
   }
   EXPECT_EQ(requestDocument(request), document(expected + "<ndd:tas/>"));
 }
 
-class FailingStage : public WindTempStage {
+class FailingWindStage : public WindTempStage {
  public:
   void appendTo(const xml::Node&, std::wstring_view) const override {
     throw RuntimeFault(fault::typeMismatch);
@@ -116,8 +116,8 @@ class FailingStage : public WindTempStage {
 };
 
 TEST_F(Profile, ReportsItsFailuresAndKeepsWhatItWrote) {
-  request.addStage(std::make_shared<FailingStage>());
-  request.addStage(stageFrom(L"yssy"));
+  request.addStage(std::make_shared<FailingWindStage>());
+  request.addStage(windStageFrom(L"yssy"));
   const test::FailureRecorder recorder;
   EXPECT_EQ(requestDocument(request), document("<ndd:stage/>"));
   EXPECT_EQ(recorder.reports(),

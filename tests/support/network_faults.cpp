@@ -34,14 +34,6 @@ std::string firstHalf() {
   return goodBody().substr(0, goodBody().size() / 2);
 }
 
-/// Reads the request and writes this, then closes.
-Script answering(std::string bytes) {
-  return [bytes = std::move(bytes)](Peer& peer) {
-    peer.readRequest();
-    peer.write(bytes);
-  };
-}
-
 /// What the client has not read of an answer is lost in a reset.
 Script answeringThenReset(std::string bytes) {
   return [bytes = std::move(bytes)](Peer& peer) {

@@ -174,6 +174,13 @@ void RawServer::serve() {
   }
 }
 
+RawServer::Script answering(std::string bytes) {
+  return [bytes = std::move(bytes)](Peer& peer) {
+    peer.readRequest();
+    peer.write(bytes);
+  };
+}
+
 std::uint16_t unusedPort() {
   asio::io_context io;
   return tcp::socket(io, loopback(0)).local_endpoint().port();

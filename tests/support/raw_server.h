@@ -80,6 +80,9 @@ class RawServer {
   std::thread thread_;
 };
 
+/// Reads the request and writes this, then closes.
+RawServer::Script answering(std::string bytes);
+
 /// A loopback port that nobody listens on.
 std::uint16_t unusedPort();
 

@@ -58,7 +58,7 @@ std::shared_ptr<ChangePasswordRsp> changePassword(std::wstring_view to, std::wst
   return request.submit();
 }
 
-constexpr std::wstring_view address = L"demo@pilot.example";
+constexpr std::wstring_view demoEmail = L"demo@pilot.example";
 constexpr std::wstring_view otherAddress = L"Dana.Demo@club.example";
 
 /// Another password of the account, until the end of the scope.
@@ -67,7 +67,7 @@ class ChangedPassword {
   ChangedPassword() { NAIPSConfig().Password(value); }
   ~ChangedPassword() {
     NAIPSConfig().Password(value);
-    changePassword(simulator::password, address);
+    changePassword(simulator::password, demoEmail);
     NAIPSConfig().Password(simulator::password);
   }
   ChangedPassword(const ChangedPassword&) = delete;
@@ -95,7 +95,7 @@ TEST_P(AccountExchange, ChangesThePasswordLogsInWithItAndChangesItBack) {
   }
   const auto holder = AuthenticateRqs().submit();
   ASSERT_TRUE(succeeded(holder));
-  EXPECT_EQ(holder->Email(), address);
+  EXPECT_EQ(holder->Email(), demoEmail);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ using simulator::succeeded;
 
 namespace {
 
-std::shared_ptr<SARTimeFlightNotifStage> stageToCanberra() {
+std::shared_ptr<SARTimeFlightNotifStage> sarTimeStageToCanberra() {
   auto stage = std::make_shared<SARTimeFlightNotifStage>();
   stage->Depart(L" ysbk ");
   stage->Destination(L"yscb");
@@ -59,7 +59,7 @@ class SartimeExchange : public simulator::Exchange {
     notification.SarTimeInfo()->EndPoint(L"arrival");
     notification.SarTimeInfo()->Location(L"ysbk");
     notification.setFlag(0, true);
-    notification.Add(stageToCanberra());
+    notification.Add(sarTimeStageToCanberra());
     notification.Add(stageBack());
   }
 

@@ -34,7 +34,7 @@ template <class T>
 using Owned = std::unique_ptr<T, Free>;
 
 constexpr std::string_view right = "<a><b c='1'>text</b><b c='2'/></a>";
-constexpr std::string_view wrong = "<a><b></a>";
+constexpr std::string_view malformed = "<a><b></a>";
 
 Owned<xmlDoc> parsed(std::string_view text) {
   return Owned<xmlDoc>(
@@ -60,10 +60,10 @@ bool isReadAndWritten() {
 bool isToldOfItsErrorsOnly() {
   int errors = 0;
   xmlSetStructuredErrorFunc(&errors, [](void* count, auto*) { ++*static_cast<int*>(count); });
-  const bool isRefused = parsed(wrong) == nullptr;
+  const bool isRefused = parsed(malformed) == nullptr;
   const int own = errors;
   ktpnaips::xml::ParseFailure failure;
-  const bool isRefusedHere = !ktpnaips::xml::Document::parse(std::string(wrong), &failure);
+  const bool isRefusedHere = !ktpnaips::xml::Document::parse(std::string(malformed), &failure);
   xmlSetStructuredErrorFunc(nullptr, nullptr);
   return isRefused && isRefusedHere && own > 0 && errors == own;
 }

@@ -48,8 +48,8 @@ TEST_F(EndOfAProgram, LeavesTheFilesOfTheOneThatForkedIt) {
   EXPECT_TRUE(leavesNothing());
 }
 
-TEST_F(EndOfAProgram, IsReachedWhateverThreadsDidWhenItWasForked) {
-  EXPECT_TRUE(succeeds("fork-with-threads-at-work"));
+TEST_F(EndOfAProgram, IsReachedWhateverAThreadDidWhenItWasForked) {
+  EXPECT_TRUE(succeeds("fork-with-a-thread-at-work"));
   EXPECT_TRUE(leavesNothing());
 }
 #endif
