@@ -143,7 +143,7 @@ TEST_F(TransportThroughAProxy, AsksNobodyForAnAccountForAnyOtherAnswer) {
   logInAs(L"Aladdin", L"open sesame");
   const std::string refused =
       "HTTP/1.1 403 Refused\r\nContent-Type: text/html\r\nContent-Length: 2\r\n\r\nno";
-  for (const std::string& each : {test::success, refused}) answerOf(noting(each));
+  for (const std::string& each : {test::carried, refused}) answerOf(noting(each));
   EXPECT_EQ(askedFor_, std::vector<std::wstring>{});
   EXPECT_EQ(requests_.size(), 2U);
 }
