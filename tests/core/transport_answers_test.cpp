@@ -4,11 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
+#include <thread>
 #include <utility>
+#include <vector>
 
+#include "tests/platform/http_proxy.h"
 #include "tests/support/failure_recorder.h"
 #include "tests/support/http_call.h"
+#include "tests/support/platform_expectations.h"
+#include "tests/support/proxy_settings.h"
 #include "tests/support/raw_server.h"
 #include "tests/support/settings.h"
 
@@ -94,6 +100,52 @@ TEST(TransportAnswer, IsTheFailureOfTheSendStepForAHostWithAPort) {
   const test::NoProxies noProxies;
   const auto deployment = connectingTo(L"");
   EXPECT_EQ(codeOfSendStep(L"http://h:8080/p"), 12007U);
+}
+
+TEST(TransportAnswer, IsATimeOutWhenNothingCanBeSentForTheTimeOfTheSendStep) {
+  using Clock = std::chrono::steady_clock;
+  const test::RawServer server([](test::Peer& peer) {
+    peer.readHead();
+    std::this_thread::sleep_for(std::chrono::seconds(3));
+  });
+  const auto deployment = connectingTo(server.address());
+  winInet::timeLimits().send = 300;
+  const auto start = Clock::now();
+  const winInet::Answer answer =
+      winInet::winInetSend(L"http://h/p", L"name", std::string(50'000'000, 'x'));
+  winInet::timeLimits() = {};
+  EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(2500));
+  ASSERT_TRUE(answer.failure);
+  EXPECT_PRED2(test::matches, answer.failure->code, test::expectations().http.sendTimeout);
+}
+
+class TransportThroughAProxy : public test::HttpProxy {
+ protected:
+  /// What is answered through a proxy of that script.
+  static winInet::Answer answerOf(const test::RawServer::Script& script) {
+    const test::RawServer server(script);
+    const test::ScopedProxy proxy(address(server));
+    return winInet::winInetSend(L"http://naips.example/p", L"name", "<a/>");
+  }
+};
+
+TEST_F(TransportThroughAProxy, LogsInWhereTheProxyAsksForAnAccount) {
+  logInAs(L"Aladdin", L"open sesame");
+  const winInet::Answer answer = answerOf(asking());
+  EXPECT_EQ(answer.status, "200");
+  EXPECT_EQ(answer.headers, "");
+  EXPECT_EQ(answer.body, "<b/>");
+  EXPECT_EQ(askedFor_, std::vector<std::wstring>{L"127.0.0.1"});
+  EXPECT_EQ(requests_.size(), 2U);
+}
+
+TEST_F(TransportThroughAProxy, AsksNobodyForAnAccountForAnyOtherAnswer) {
+  logInAs(L"Aladdin", L"open sesame");
+  const std::string refused =
+      "HTTP/1.1 403 Refused\r\nContent-Type: text/html\r\nContent-Length: 2\r\n\r\nno";
+  for (const std::string& each : {test::carried, refused}) answerOf(noting(each));
+  EXPECT_EQ(askedFor_, std::vector<std::wstring>{});
+  EXPECT_EQ(requests_.size(), 2U);
 }
 
 TEST(HttpQuery, FillsTheValueWhenTheAnswerHasIt) {

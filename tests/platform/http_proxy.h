@@ -22,7 +22,7 @@ inline constexpr const char* basicOfAladdin =
 inline const std::string refusal =
     "HTTP/1.1 407 Log in\r\nProxy-Authenticate: Basic realm=\"proxy\"\r\n"
     "Content-Type: text/html\r\nContent-Length: 4\r\nConnection: close\r\n\r\nwho?";
-inline const std::string success =
+inline const std::string carried =
     "HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: 4\r\n\r\n<b/>";
 
 /// Calls through a proxy that a test plays, without any that the tests run behind.
@@ -41,7 +41,7 @@ class HttpProxy : public testing::Test {
     return [this](Peer& peer) {
       const std::string request = peer.readRequest();
       note(request);
-      peer.write(request.find(basicOfAladdin) == std::string::npos ? refusal : success);
+      peer.write(request.find(basicOfAladdin) == std::string::npos ? refusal : carried);
     };
   }
   void note(const std::string& request) {

@@ -10,7 +10,7 @@ namespace ktpnaips::test {
 namespace {
 
 TEST_F(HttpProxy, GoesThroughTheProxyOfTheSystem) {
-  const RawServer proxy(noting(success));
+  const RawServer proxy(noting(carried));
   const ScopedProxy use(address(proxy));
   EXPECT_EQ(run({}).body, "<b/>");
   std::string request = inOrder(requests_.at(0));
@@ -30,7 +30,7 @@ TEST_F(HttpProxy, GoesThroughTheProxyOfTheSystem) {
 
 TEST_F(HttpProxy, GoesDirectWhenTheRouteNamesAnAddress) {
   const RawServer proxy(noting(refusal));
-  const RawServer server(noting(success));
+  const RawServer server(noting(carried));
   const ScopedProxy use(address(proxy));
   HttpCall call;
   call.route.connectTo = server.address();
@@ -115,7 +115,7 @@ TEST_F(HttpProxy, TriesNoneOfTwoAccountsThatTakeTurnsAThirdTime) {
 
 TEST_F(HttpProxy, AsksForNoAccountWhenTheServiceAnswersLikeAProxy) {
   const RawServer service(noting(refusal));
-  const RawServer proxy(noting(success));
+  const RawServer proxy(noting(carried));
   const ScopedProxy use(address(proxy));
   HttpCall call;
   call.route.connectTo = service.address();

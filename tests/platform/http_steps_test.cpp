@@ -82,11 +82,14 @@ TEST_F(HttpSteps, ReplacesAHeaderThatIsAddedAgain) {
   HttpCall call;
   call.route.connectTo = server.address();
   open(exchange, call);
-  exchange.addHeaders("accept: text/xml\r\n");
+  exchange.addHeaders("ABCDEFGHIJKLMNOPQRSTUVWXYZ: capital\r\n");
+  exchange.addHeaders("accept: text/xml\r\nabcdefghijklmnopqrstuvwxyz: small\r\n");
   EXPECT_EQ(exchange.send("x"), 0U);
   const std::string request = seen.get_future().get();
   EXPECT_NE(request.find("\r\naccept: text/xml\r\n"), std::string::npos);
   EXPECT_EQ(request.find("Accept: text/*"), std::string::npos);
+  EXPECT_NE(request.find("\r\nabcdefghijklmnopqrstuvwxyz: small\r\n"), std::string::npos);
+  EXPECT_EQ(request.find("capital"), std::string::npos);
 }
 
 TEST_F(HttpSteps, SendsABodyOfManyMegabytesWholeAndWithoutExpect) {

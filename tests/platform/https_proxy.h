@@ -12,7 +12,7 @@ namespace ktpnaips::test {
 /// Calls over HTTPS, where the tests have a server for it.
 class HttpsProxy : public HttpProxy {
  protected:
-  RawServer::Script tunnelling(bool logIn, const std::string& answer = success) {
+  RawServer::Script tunnelling(bool logIn, const std::string& answer = carried) {
     return [this, logIn, answer, context = authority_.server({})](Peer& peer) {
       const std::string connect = peer.readHead();
       note(connect);

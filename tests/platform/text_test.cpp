@@ -57,11 +57,22 @@ TEST(Utf8, CarriesANul) {
 }
 
 TEST(Utf8, HasAReplacementForALoneSurrogate) {
-  const std::wstring high(1, static_cast<wchar_t>(0xD800));
-  const std::wstring low(1, static_cast<wchar_t>(0xDFFF));
-  EXPECT_EQ(toUtf8(high + L"x"), "\xEF\xBF\xBDx");
-  EXPECT_EQ(toUtf8(L"x" + low), "x\xEF\xBF\xBD");
-  EXPECT_EQ(toUtf8(high), "\xEF\xBF\xBD");
+  for (const int unit : {0xD800, 0xDBFF, 0xDC00, 0xDFFF}) {
+    const std::wstring lone(1, static_cast<wchar_t>(unit));
+    EXPECT_EQ(toUtf8(lone + L"x"), "\xEF\xBF\xBDx");
+    EXPECT_EQ(toUtf8(L"x" + lone), "x\xEF\xBF\xBD");
+    EXPECT_EQ(toUtf8(lone), "\xEF\xBF\xBD");
+  }
+}
+
+TEST(Utf8, TakesOnlyAFirstAndASecondSurrogateForAPair) {
+  const auto text = [](int first, int second) {
+    return std::wstring{static_cast<wchar_t>(first), static_cast<wchar_t>(second)};
+  };
+  EXPECT_EQ(toUtf8(text(0xD800, 0xDBFF)), "\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(toUtf8(text(0xDBFF, 0xE000)), "\xEF\xBF\xBD\xEE\x80\x80");
+  EXPECT_EQ(toUtf8(text(0xD7FF, 0xDC00)), "\xED\x9F\xBF\xEF\xBF\xBD");
+  EXPECT_EQ(toUtf8(text(0xDC00, 0xDFFF)), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
 TEST(Utf8, HasOneReplacementForEachByteThatIsNotUtf8) {
@@ -80,6 +91,7 @@ TEST(Utf8, HasOneReplacementForEachByteThatIsNotUtf8) {
       {"\xE0\x80\xAF", L"\ufffd\ufffd\ufffd"},
       {"\xF0\x80\x80\xAF", L"\ufffd\ufffd\ufffd\ufffd"},
       {"\xED\xA0\x80", L"\ufffd\ufffd\ufffd"},
+      {"\xED\xBF\xBF", L"\ufffd\ufffd\ufffd"},
       {"\xF4\x90\x80\x80", L"\ufffd\ufffd\ufffd\ufffd"},
       {"\xE9t\xE9", L"\ufffdt\ufffd"},
   };

@@ -1,10 +1,12 @@
 #include <ktpnaips/platform/xml.h>
+#include <ktpnaips/platform/xml_refusal.h>
 
 #include <gtest/gtest.h>
 #include <libxml/parser.h>
 #include <libxml/xmlmemory.h>
 
 #include <malloc.h>
+#include <sys/mman.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -213,6 +215,15 @@ TEST(XmlNodes, OfADocumentAreFourMillionAtMost) {
   EXPECT_FALSE(failure.isTooLarge);
   EXPECT_FALSE(Document::parse("<!DOCTYPE a><a/>", &failure));
   EXPECT_FALSE(failure.isTooLarge);
+}
+
+TEST(XmlText, OfMoreThanTwoGigabytesIsRefusedUnread) {
+  const std::size_t size = std::size_t{1} << 31U;
+  void* const unread = ::mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  ASSERT_NE(unread, MAP_FAILED);
+  EXPECT_EQ(xml::refusalBeforeParsing({static_cast<const char*>(unread), size}),
+            L"the text is longer than 2 GB");
+  ::munmap(unread, size);
 }
 
 }  // namespace

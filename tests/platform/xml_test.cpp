@@ -486,6 +486,8 @@ TEST_F(XmlSelection, SeesWhatWasAddedSince) {
   root.appendElement(L"n:c", L"urn:n", L"text").setAttribute(L"o:d", L"urn:o", L"2");
   EXPECT_EQ(root.select("n:c[@o:d='2']").text(), L"text");
   EXPECT_EQ(root.select("*[last()]/@*").text(), L"2");
+  root.appendElement(L"n:e", L"urn:n", L"more");
+  EXPECT_EQ(root.select("*[last()]").text(), L"more");
 }
 
 TEST_F(XmlSelection, StartsAtTheDocumentForAnAbsolutePath) {
@@ -516,7 +518,9 @@ TEST(XmlForbiddenCharacters, AreRefusedWhenADocumentIsSerialised) {
                                     L"\x0e",
                                     L"\x1f",
                                     std::wstring(1, static_cast<wchar_t>(0xD800)),
+                                    std::wstring(1, static_cast<wchar_t>(0xDBFF)),
                                     std::wstring(1, static_cast<wchar_t>(0xDC00)),
+                                    std::wstring(1, static_cast<wchar_t>(0xDFFF)),
                                     L"\ufffe",
                                     L"\uffff"};
   for (const auto& character : forbidden) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <string_view>
 #include <vector>
 
 /// Every step of a call that can fail: an allocation in any library, or one of the system's calls
@@ -16,6 +17,16 @@ struct FallibleFunction {
 
   /// Whether it is one of the functions that allocate, which fail in one way only.
   [[nodiscard]] bool allocates() const;
+};
+
+/// A library under ours, and the function in it, the innermost that has a name outside of it. Empty
+/// for this program and the library in it.
+struct Caller {
+  const char* library = "";  ///< as in "libcurl.so.4"
+  const char* function = "";
+
+  /// Whether the library's name starts so, as in "libcurl.".
+  [[nodiscard]] bool isOf(std::string_view start) const;
 };
 
 /// Ways to fail that are no value of `errno`.
@@ -46,6 +57,7 @@ struct StepsTaken {
   long count = 0;
   const FallibleFunction* at = nullptr;  ///< whose call the step was, if it was reached
   bool hasFailed = false;                ///< false when its function has fewer ways to fail
+  Caller deniedTo;                       ///< whose allocation failed
 };
 StepsTaken stepsTaken();
 
@@ -65,7 +77,10 @@ class Uncounted {
 struct LiveBlock {
   long step = 0;
   std::size_t size = 0;
+  Caller owner;  ///< if owners were noted
 };
+/// Whether the owners of blocks are noted from now on, which takes time.
+void noteOwners(bool wanted);
 /// Those allocated under a `FailingStep`, at most 20.
 std::vector<LiveBlock> someLiveBlocks();
 /// How many descriptors were opened under a `FailingStep` and not closed.

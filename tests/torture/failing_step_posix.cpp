@@ -1,10 +1,12 @@
 #include "tests/torture/failing_step.h"
 
+#include <curl/curl.h>
 #include <dirent.h>
 #include <dlfcn.h>
 #include <execinfo.h>
 #include <fcntl.h>
 #include <libxml/xmlversion.h>
+#include <link.h>
 #include <netdb.h>
 #include <pthread.h>
 #include <sys/ioctl.h>
@@ -28,18 +30,13 @@
 #include <poll.h>
 
 // What stands behind the allocation functions of this program.
-#ifdef __SANITIZE_ADDRESS__
-#define KTP_ALLOCATOR(name) __interceptor_##name  // NOLINT(cppcoreguidelines-macro-usage)
-#else
-#define KTP_ALLOCATOR(name) __libc_##name  // NOLINT(cppcoreguidelines-macro-usage)
-#endif
 // NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
-void* KTP_ALLOCATOR(malloc)(std::size_t size);
-void* KTP_ALLOCATOR(calloc)(std::size_t count, std::size_t size);
-void* KTP_ALLOCATOR(realloc)(void* block, std::size_t size);
-void* KTP_ALLOCATOR(memalign)(std::size_t alignment, std::size_t size);
-void KTP_ALLOCATOR(free)(void* block);
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+void __libc_free(void* block);
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
@@ -138,6 +135,8 @@ std::atomic<long> steps = 0;
 Failure plan;
 std::atomic<const FallibleFunction*> reached = nullptr;
 std::atomic<int> failedWith = 0;  // 0 as long as nothing has failed
+Caller deniedTo;
+bool notesOwners = false;
 
 std::array<std::atomic<long>, 32> traced{};
 
@@ -156,42 +155,84 @@ bool counts() {
   return isCounted && isArmed.load(std::memory_order_relaxed);
 }
 
-/// Whether the code at the address is that library's.
-bool isOf(void* address, std::string_view library) {
-  Dl_info found{};
-  return dladdr(address, &found) != 0 &&
-         std::string_view(found.dli_fname).find(library) != std::string_view::npos;
+/// Who called a function of this program that returns there. The system's own library and C++'s act
+/// for those above them, but for the memory of a new thread.
+Caller callerOf(void* returnAddress) {
+  const Uncounted uncounted;
+  Caller caller;
+  std::array<void*, 64> frames{};
+  const auto end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
+  for (auto at = std::find(frames.begin(), end, returnAddress); at != end; ++at) {
+    Dl_info found{};
+    if (dladdr(*at, &found) == 0) break;
+    const char* const library = found.dli_fname + std::string_view(found.dli_fname).rfind('/') + 1;
+    const std::string_view name = library;
+    const std::string_view function = found.dli_sname != nullptr ? found.dli_sname : "";
+    if (function == "_dl_allocate_tls") return {library, found.dli_sname};
+    const bool isForOthers = name.starts_with("libc.") || name.starts_with("libstdc++.") ||
+                             name.starts_with("ld-") || function.starts_with("CRYPTO_");
+    if (isForOthers) continue;
+    if (!name.starts_with("lib") || (*caller.library != '\0' && name != caller.library)) break;
+    caller.library = library;
+    if (function.empty()) continue;  // one that has no name outside of its library
+    caller.function = found.dli_sname;
+    break;
+  }
+  return caller;
 }
 
-bool isFunction(void* address, std::string_view name) {
+/// Where libxml2's code is, so that nothing else is looked up: that takes long.
+struct Range {
+  std::uintptr_t first = 0;
+  std::uintptr_t last = 0;
+};
+Range rangeOfLibxml2() {
+  Range range;
+  dl_iterate_phdr(
+      [](dl_phdr_info* object, std::size_t, void* found) {
+        if (std::string_view(object->dlpi_name).find("/libxml2.") == std::string_view::npos) {
+          return 0;
+        }
+        for (int i = 0; i < object->dlpi_phnum; ++i) {
+          const auto& part = object->dlpi_phdr[i];
+          if (part.p_type != PT_LOAD || (part.p_flags & PF_X) == 0) continue;
+          const std::uintptr_t first = object->dlpi_addr + part.p_vaddr;
+          *static_cast<Range*>(found) = {first, first + part.p_memsz};
+        }
+        return 1;
+      },
+      &range);
+  return range;
+}
+
+bool isFunctionOfLibxml2(void* address, std::string_view name) {
+  static const Range range = rangeOfLibxml2();
+  const auto bits = reinterpret_cast<std::uintptr_t>(address);  // NOLINT: compared
+  if (bits < range.first || bits > range.last) return false;
   Dl_info found{};
   return dladdr(address, &found) != 0 && found.dli_sname != nullptr && found.dli_sname == name;
 }
 
-/// Whether a library does not survive the failure: libcurl, called by OpenSSL, is about to keep a
-/// TLS ticket (release 7.88 frees the host's name twice when it has no memory for the rest), or
-/// libxml2 evaluates an expression (before release 2.13 it loses what it has, or frees it twice) or
-/// makes its state of a thread (before release 2.12 it never ends while memory stays away).
+/// Whether libxml2 does not survive the failure: it evaluates an expression (before release 2.13 it
+/// loses what it has, or frees it twice) or makes its state of a thread (before release 2.12 it
+/// never ends while memory stays away).
 bool isFatal() {
   const Uncounted uncounted;
   std::array<void*, 64> frames{};
   const auto end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
-  const bool keepsTicket = std::adjacent_find(frames.begin(), end, [](void* inner, void* outer) {
-                             return isOf(inner, "libcurl.so") && isOf(outer, "libssl.so");
-                           }) != end;
-  const bool evaluates =
-      LIBXML_VERSION < 21300 && std::any_of(frames.begin(), end, [](void* each) {
-        return isFunction(each, "xmlXPathEval") || isFunction(each, "xmlXPathEvalExpression");
-      });
+  const bool evaluates = LIBXML_VERSION < 21300 && std::any_of(frames.begin(), end, [](void* each) {
+                           return isFunctionOfLibxml2(each, "xmlXPathEval") ||
+                                  isFunctionOfLibxml2(each, "xmlXPathEvalExpression");
+                         });
   const bool makesState =
       LIBXML_VERSION < 21200 && plan.isLasting && std::any_of(frames.begin(), end, [](void* each) {
-        return isFunction(each, "xmlGetGlobalState");
+        return isFunctionOfLibxml2(each, "xmlGetGlobalState");
       });
-  return keepsTicket || evaluates || makesState;
+  return evaluates || makesState;
 }
 
 /// How this call of the function fails; 0 when it does not.
-int failureOf(const FallibleFunction& function) {
+int failureOf(const FallibleFunction& function, void* returnAddress = nullptr) {
   if (!counts()) return 0;
   const long step = steps++;
   traceIfWanted(step + 1);
@@ -200,6 +241,7 @@ int failureOf(const FallibleFunction& function) {
   if (step == plan.step) {
     reached = &function;
     failedWith = plan.way < function.errors.size() ? function.errors[plan.way] : 0;
+    deniedTo = callerOf(returnAddress);
     return failedWith;
   }
   const bool goesOn =
@@ -209,14 +251,19 @@ int failureOf(const FallibleFunction& function) {
 }
 
 /// True, with `errno` set, when this call is to fail.
-bool fails(const FallibleFunction& function) {
-  const int error = failureOf(function);
+bool fails(const FallibleFunction& function, void* returnAddress = nullptr) {
+  const int error = failureOf(function, returnAddress);
   if (error != 0) errno = error;
   return error != 0;
 }
 
-void* noted(void* block, std::size_t size) {
-  if (block != nullptr && counts()) blocks.add(block, {steps, size});
+/// A block that is allocated now by a function that returns there.
+LiveBlock allocated(std::size_t size, void* returnAddress) {
+  return {steps, size, notesOwners ? callerOf(returnAddress) : Caller()};
+}
+
+void* noted(void* block, std::size_t size, void* returnAddress) {
+  if (block != nullptr && counts()) blocks.add(block, allocated(size, returnAddress));
   return block;
 }
 
@@ -244,6 +291,13 @@ ssize_t transferred(const FallibleFunction& function, std::size_t size, Transfer
   return transfer(error == onlyOneByte ? std::min<std::size_t>(size, 1) : size);
 }
 
+/// Whether the caller is a libcurl that takes 0 for one of its sockets when it has no memory to
+/// look up a name, as docs/network-faults.md says.
+bool closesStandardInput(void* caller) {
+  return curl_version_info(CURLVERSION_NOW)->version_num < 0x080e00 &&
+         callerOf(caller).isOf("libcurl.");
+}
+
 struct Start {
   void* (*routine)(void*);
   void* argument;
@@ -251,12 +305,16 @@ struct Start {
 
 void* countedThread(void* argument) {
   const Start start = *static_cast<Start*>(argument);
-  KTP_ALLOCATOR(free)(argument);
+  __libc_free(argument);
   isCounted = true;
   return start.routine(start.argument);
 }
 
 }  // namespace
+
+bool Caller::isOf(std::string_view start) const {
+  return std::string_view(library).starts_with(start);
+}
 
 bool FallibleFunction::allocates() const {
   return errors.front() == ENOMEM;
@@ -277,7 +335,7 @@ FailingStep::~FailingStep() {
 }
 
 StepsTaken stepsTaken() {
-  return {steps, reached, failedWith != 0};
+  return {steps, reached, failedWith != 0, deniedTo};
 }
 
 Uncounted::Uncounted() : before_(isCounted) {
@@ -306,6 +364,10 @@ void forgetWhatIsThere() {
   std::fill(descriptors.begin(), descriptors.end(), false);
 }
 
+void noteOwners(bool wanted) {
+  notesOwners = wanted;
+}
+
 void traceSteps(std::vector<long> wanted) {
   wanted.resize(traced.size(), 0);
   std::copy(wanted.begin(), wanted.end(), traced.begin());
@@ -314,8 +376,10 @@ void traceSteps(std::vector<long> wanted) {
 }  // namespace ktpnaips::test
 
 using ktpnaips::test::alignedFunction;
+using ktpnaips::test::allocated;
 using ktpnaips::test::blocks;
 using ktpnaips::test::callocFunction;
+using ktpnaips::test::closesStandardInput;
 using ktpnaips::test::countedThread;
 using ktpnaips::test::counts;
 using ktpnaips::test::descriptors;
@@ -336,9 +400,10 @@ using ktpnaips::test::transferred;
 // Allocation.
 
 void* operator new(std::size_t size) {
-  void* const block = fails(newFunction)
-                          ? nullptr
-                          : noted(KTP_ALLOCATOR(malloc)(std::max<std::size_t>(size, 1)), size);
+  void* const block =
+      fails(newFunction, __builtin_return_address(0))
+          ? nullptr
+          : noted(__libc_malloc(std::max<std::size_t>(size, 1)), size, __builtin_return_address(0));
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }
@@ -354,36 +419,42 @@ void operator delete(void* block, std::size_t) noexcept {
 extern "C" {
 
 void* malloc(std::size_t size) noexcept {
-  return fails(mallocFunction) ? nullptr : noted(KTP_ALLOCATOR(malloc)(size), size);
+  return fails(mallocFunction, __builtin_return_address(0))
+             ? nullptr
+             : noted(__libc_malloc(size), size, __builtin_return_address(0));
 }
 
 void* calloc(std::size_t count, std::size_t size) noexcept {
-  return fails(callocFunction) ? nullptr : noted(KTP_ALLOCATOR(calloc)(count, size), count * size);
+  return fails(callocFunction, __builtin_return_address(0))
+             ? nullptr
+             : noted(__libc_calloc(count, size), count * size, __builtin_return_address(0));
 }
 
 void* realloc(void* block, std::size_t size) noexcept {
-  if (fails(reallocFunction)) return nullptr;
+  if (fails(reallocFunction, __builtin_return_address(0))) return nullptr;
   const bool wasNoted = blocks.remove(block);
-  void* const moved = KTP_ALLOCATOR(realloc)(block, size);
+  void* const moved = __libc_realloc(block, size);
   if (moved != nullptr && (wasNoted || counts())) {
-    blocks.add(moved, {ktpnaips::test::steps, size});
+    blocks.add(moved, allocated(size, __builtin_return_address(0)));
   }
   return moved;
 }
 
 int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexcept {
-  if (fails(alignedFunction)) return ENOMEM;
-  *block = noted(KTP_ALLOCATOR(memalign)(alignment, size), size);
+  if (fails(alignedFunction, __builtin_return_address(0))) return ENOMEM;
+  *block = noted(__libc_memalign(alignment, size), size, __builtin_return_address(0));
   return *block != nullptr ? 0 : ENOMEM;
 }
 
 void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
-  return fails(alignedFunction) ? nullptr : noted(KTP_ALLOCATOR(memalign)(alignment, size), size);
+  return fails(alignedFunction, __builtin_return_address(0))
+             ? nullptr
+             : noted(__libc_memalign(alignment, size), size, __builtin_return_address(0));
 }
 
 void free(void* block) noexcept {
   blocks.remove(block);
-  KTP_ALLOCATOR(free)(block);
+  __libc_free(block);
 }
 
 // Files.
@@ -486,9 +557,10 @@ ssize_t read(int descriptor, void* bytes, std::size_t size) {
 int close(int descriptor) {
   static constexpr FallibleFunction self{"close", {EIO, EINTR, ENOSPC}};
   static const auto next = original(&::close, "close");
-  // libcurl 7.88 without memory to look up a name takes 0 for one of its sockets. Some other
-  // connection of the process, this test's service, would get that number and lose it again.
-  if (descriptor == STDIN_FILENO && counts()) return 0;
+  // Some other connection of the process, this test's service, would get that number and lose it.
+  if (descriptor == STDIN_FILENO && counts() && closesStandardInput(__builtin_return_address(0))) {
+    return 0;
+  }
   const bool hasFailed = fails(self);
   const int error = errno;
   if (descriptor >= 0) descriptors.at(static_cast<std::size_t>(descriptor)) = false;
@@ -602,10 +674,10 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
   static const auto next = original(&::pthread_create, "pthread_create");
   if (const int error = failureOf(self); error != 0) return error;
   if (!counts()) return next(thread, attributes, routine, argument);
-  void* const memory = KTP_ALLOCATOR(malloc)(sizeof(Start));
+  void* const memory = __libc_malloc(sizeof(Start));
   if (memory == nullptr) return EAGAIN;
   const int result = next(thread, attributes, countedThread, new (memory) Start{routine, argument});
-  if (result != 0) KTP_ALLOCATOR(free)(memory);
+  if (result != 0) __libc_free(memory);
   return result;
 }
 

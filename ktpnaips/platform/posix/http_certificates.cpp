@@ -14,13 +14,18 @@ namespace ktpnaips::http {
 
 namespace {
 
-/// What OpenSSL objected to, on this thread. Plain data: it is written below C frames.
+using KeepTicket = int (*)(SSL*, SSL_SESSION*);
+
+/// What OpenSSL found out, on this thread. Plain data: it is written below C frames.
 struct Finding {
-  int error = X509_V_OK;
+  int error = X509_V_OK;  ///< what it objected to
   std::array<char, 200> subject{};
+  KeepTicket keepTicket = nullptr;  ///< libcurl's own
+  bool hasLostTicket = false;
 };
 
 thread_local Finding finding;
+thread_local unsigned ticketsLost = 0;
 
 int noteFinding(int accepted, X509_STORE_CTX* context) {
   if (accepted != 0) return accepted;
@@ -32,8 +37,25 @@ int noteFinding(int accepted, X509_STORE_CTX* context) {
   return accepted;
 }
 
+// A libcurl of these releases that has no memory to keep a ticket goes on holding a name that it
+// has freed, and frees it again with the next ticket.
+bool losesTickets() {
+  return curl_version_info(CURLVERSION_NOW)->version_num < 0x080800;
+}
+
+int keepTicketUnlessOneWasLost(SSL* ssl, SSL_SESSION* ticket) {
+  if (finding.hasLostTicket) return 0;
+  const int kept = finding.keepTicket(ssl, ticket);
+  if (kept != 0) return kept;
+  finding.hasLostTicket = true;
+  ++ticketsLost;
+  return 0;
+}
+
 CURLcode prepareContext(CURL*, void* sslContext, void* policy) {
   auto* const context = static_cast<SSL_CTX*>(sslContext);
+  finding.keepTicket = losesTickets() ? SSL_CTX_sess_get_new_cb(context) : nullptr;
+  if (finding.keepTicket != nullptr) SSL_CTX_sess_set_new_cb(context, keepTicketUnlessOneWasLost);
   if (static_cast<const CertificatePolicy*>(policy)->ignoreDates)
     X509_VERIFY_PARAM_set_flags(SSL_CTX_get0_param(context), X509_V_FLAG_NO_CHECK_TIME);
   SSL_CTX_set_verify(context, SSL_VERIFY_PEER, noteFinding);
@@ -106,6 +128,10 @@ ErrorCode certificateRefused(const std::string& transportText) {
   if (!certificateWasRefused()) return error::fail(codeOfFinding(), transportText);
   return error::fail(codeOfFinding(), std::string(finding.subject.data()) + ": " +
                                           X509_verify_cert_error_string(finding.error));
+}
+
+unsigned lostTickets() {
+  return ticketsLost;
 }
 
 bool opensslIsThere(CURL* easy) {

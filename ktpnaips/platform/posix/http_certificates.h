@@ -26,6 +26,10 @@ bool certificateWasRefused();
 /// what libcurl says about it.
 ErrorCode certificateRefused(const std::string& transportText);
 
+/// How many TLS tickets libcurl had no memory to keep, on the calling thread. A handle that has lost
+/// one may not be used again.
+unsigned lostTickets();
+
 /// Whether libcurl is built with OpenSSL, which the policy needs.
 bool opensslIsThere(CURL* easy);
 

@@ -146,8 +146,10 @@ void Transfer::prepare(const RequestSettings& settings, std::string_view body) {
   // A resumed session is not verified again: what a lenient policy let pass must not pass a strict
   // one. The other parts of the policy are part of libcurl's own key.
   const bool ignoresDates = settings.certificates.ignoreDates;
-  if (result_ != CURLE_OK || ignoresDates != ticketsIgnoreDates_) startOver();
+  const bool isUsable = result_ == CURLE_OK && lostTickets_ == lostTickets();
+  if (!isUsable || ignoresDates != ticketsIgnoreDates_) startOver();
   ticketsIgnoreDates_ = ignoresDates;
+  lostTickets_ = lostTickets();
   begin();
   curl_easy_reset(easy_.get());
   limits_ = settings.limits;

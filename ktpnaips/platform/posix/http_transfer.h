@@ -136,6 +136,7 @@ class Transfer {
   List connectTo_;
   std::array<char, CURL_ERROR_SIZE> errorText_{};
   bool ticketsIgnoreDates_ = false;
+  unsigned lostTickets_ = 0;  ///< before the handle was made
 
   TimeLimits limits_;
   const std::function<void()>* whenSending_ = nullptr;
