@@ -52,7 +52,7 @@ constexpr std::array<std::pair<std::wstring_view, std::int32_t>, 8> messageTypes
 template <class Options>
 void addFlags(CLI::App& app, const Options& options, FlagWord& word) {
   for (const auto& [name, bit, help] : options) {
-    addFlag(app, name, help, [&word, bit = bit] { word.setFlag(bit, true); });
+    addFlag(app, name, help, [&word, flag = bit] { word.setFlag(flag, true); });
   }
 }
 

@@ -36,8 +36,8 @@ std::wstring selectionNamespaces() {
 std::vector<Verdict::Part> partsOf(const xml::Node& fault) {
   std::vector<Verdict::Part> parts;
   for (const auto& [path, label] : soap11Fault) {
-    withText(fault, path, [&, label = label](std::wstring text) {
-      parts.push_back({label, std::move(text)});
+    withText(fault, path, [&, start = label](std::wstring text) {
+      parts.push_back({start, std::move(text)});
     });
   }
   return parts;

@@ -26,8 +26,8 @@ bool certificateWasRefused();
 /// what libcurl says about it.
 ErrorCode certificateRefused(const std::string& transportText);
 
-/// How many TLS tickets libcurl had no memory to keep, on the calling thread. A handle that has lost
-/// one may not be used again.
+/// How many TLS tickets libcurl had no memory to keep, on the calling thread. A handle that has
+/// lost one may not be used again.
 unsigned lostTickets();
 
 /// Whether libcurl is built with OpenSSL, which the policy needs.
