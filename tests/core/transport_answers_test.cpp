@@ -136,7 +136,8 @@ TEST_F(TransportThroughAProxy, LogsInWhereTheProxyAsksForAnAccount) {
   EXPECT_EQ(answer.headers, "");
   EXPECT_EQ(answer.body, "<b/>");
   EXPECT_EQ(askedFor_, std::vector<std::wstring>{L"127.0.0.1"});
-  EXPECT_EQ(requests_.size(), 2U);
+  ASSERT_GE(requests_.size(), 2U);  // WinINet tries once more without the account
+  EXPECT_TRUE(requests_.back().ends_with("\r\n\r\n<a/>"));
 }
 
 TEST_F(TransportThroughAProxy, AsksNobodyForAnAccountForAnyOtherAnswer) {
