@@ -56,6 +56,12 @@ Json jsonObject(const Object& object, const Shown<Object> (&properties)[Size]) {
   return json;
 }
 
+/// Sets these properties of an object.
+template <class Object, std::size_t Size>
+void setFields(JsonObject& json, const Object& object, const Shown<Object> (&properties)[Size]) {
+  for (const auto& each : properties) json.set(each.property, each.value(object));
+}
+
 /// Sets "Count" and "Items", the entries as objects with these properties.
 template <class Collection, class Object, std::size_t Size>
 void setObjects(JsonObject& json, const Collection& collection,

@@ -45,7 +45,7 @@ const Registered logIn({"account", "login", "Check the account and show its hold
                             session.submit(
                                 *request,
                                 [](const auto& response, JsonObject& json) {
-                                  json.setAll(jsonObject(response, holder));
+                                  setFields(json, response, holder);
                                 },
                                 printHolder);
                           };

@@ -56,28 +56,24 @@ void setPoint(FirstLastLightRqs& request, const Place& place) {
   }
 }
 
-const Registered showLight({"", "light", "Times of first and last light",
-                            "naips light --name YSSY --date 2026-12-01", [](CLI::App& app) -> Run {
-                              const auto request = std::make_shared<FirstLastLightRqs>();
-                              const auto place = std::make_shared<Place>();
-                              addTo(app, *place);
-                              app.add_option_function<std::string>(
-                                     "--date",
-                                     [=](const std::string& text) {
-                                       request->ForDate(parseDate(text));
-                                     },
-                                     "Date; today without it")
-                                  ->type_name("YYYY-MM-DD");
-                              return [=](Session& session) {
-                                setPoint(*request, *place);
-                                session.submit(
-                                    *request,
-                                    [](const auto& response, JsonObject& json) {
-                                      json.setAll(jsonObject(response, times));
-                                    },
-                                    [](const auto& response) { printFields(response, times); });
-                              };
-                            }});
+const Registered showLight(
+    {"", "light", "Times of first and last light", "naips light --name YSSY --date 2026-12-01",
+     [](CLI::App& app) -> Run {
+       const auto request = std::make_shared<FirstLastLightRqs>();
+       const auto place = std::make_shared<Place>();
+       addTo(app, *place);
+       app.add_option_function<std::string>(
+              "--date", [=](const std::string& text) { request->ForDate(parseDate(text)); },
+              "Date; today without it")
+           ->type_name("YYYY-MM-DD");
+       return [=](Session& session) {
+         setPoint(*request, *place);
+         session.submit(
+             *request,
+             [](const auto& response, JsonObject& json) { setFields(json, response, times); },
+             [](const auto& response) { printFields(response, times); });
+       };
+     }});
 
 }  // namespace
 }  // namespace cli
