@@ -4,7 +4,9 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace fuzz {
@@ -22,6 +24,7 @@ class Scratch {
     std::filesystem::create_directories(temporary());
     ::setenv("XDG_DATA_HOME", data().c_str(), 1);
     ::setenv("TMPDIR", temporary().c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", data().c_str(), 1);  // none of this machine's
   }
   ~Scratch() {
     std::error_code ignored;
@@ -34,20 +37,31 @@ class Scratch {
   [[nodiscard]] std::filesystem::path products() const { return data() / "VelmoraSoftware"; }
   [[nodiscard]] std::filesystem::path temporary() const { return path_ / "temporary"; }
 
-  /// True when there is nothing but the folders above and files directly in that of the products,
-  /// which are removed.
+  /// Makes a file for the target to read. Returns its path.
+  [[nodiscard]] std::string readable(const std::string& name, std::string_view content) const {
+    std::filesystem::create_directories(toRead());
+    std::ofstream(toRead() / name) << content;
+    return toRead() / name;
+  }
+
+  /// True when there is nothing but the folders above, files to read, and files directly in that of
+  /// the products, which are removed.
   bool holdsProductsOnly() {
     bool only = true;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(path_)) {
       const auto& path = entry.path();
       const bool isProduct = entry.is_regular_file() && path.parent_path() == products();
       if (isProduct) std::filesystem::remove(path);
-      only = only && (isProduct || path == data() || path == products() || path == temporary());
+      const bool isToRead = path == toRead() || path.parent_path() == toRead();
+      only = only &&
+             (isProduct || isToRead || path == data() || path == products() || path == temporary());
     }
     return only;
   }
 
  private:
+  [[nodiscard]] std::filesystem::path toRead() const { return path_ / "to-read"; }
+
   std::filesystem::path path_;
 };
 
