@@ -10,11 +10,11 @@
 #include <thread>
 #include <vector>
 
-#include "canned_exchange.h"
 #include "cli/application.h"
 #include "fuzzing.h"
 #include "scratch.h"
 #include "standard_streams.h"
+#include "support/canned_exchange.h"
 
 /// Hostile answers, as naips shows them to a person and to a program: nothing that a terminal acts
 /// on, no password, one object of JSON. The first byte chooses the command, in the order of the
@@ -98,6 +98,7 @@ struct Shown {
 Shown shownBy(const Arguments& arguments) {
   Shown shown;
   std::string error;
+  fuzz::cannedAnswer().isRead = false;
   {
     const fuzz::StandardStreams streams;
     // Temporary files of charts live as long as their thread.
@@ -105,7 +106,9 @@ Shown shownBy(const Arguments& arguments) {
     shown.output = streams.output();
     error = streams.error();
   }
-  fuzz::require(shown.status == 0 || shown.status == 1 || shown.status == 3, "a request was made");
+  fuzz::require(fuzz::cannedAnswer().isRead, "a request was made");
+  fuzz::require(shown.status == 0 || shown.status == 1 || shown.status == 3,
+                "the status is that of an answer");
   checkShown(shown.output);
   checkShown(error);
   return shown;

@@ -8,11 +8,11 @@
 #include <string_view>
 #include <thread>
 
-#include "canned_exchange.h"
 #include "cli/application.h"
 #include "fuzzing.h"
 #include "scratch.h"
 #include "standard_streams.h"
+#include "support/canned_exchange.h"
 
 /// Hostile answers in a pack: the page has no script, no handler and no address but its own.
 namespace {
@@ -78,6 +78,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
       "<s:Envelope xmlns:s='http://schemas.xmlsoap.org/soap/envelope/' xmlns:n='urn:n' "
       "xmlns='urn:n'><s:Body><n:rsp status='SUCCESS'>" +
       input.rest() + "</n:rsp></s:Body></s:Envelope>";
+  fuzz::cannedAnswer().isRead = false;
   std::string page;
   {
     const fuzz::StandardStreams streams;
@@ -87,6 +88,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     }).join();
     page = streams.output();
   }
+  fuzz::require(fuzz::cannedAnswer().isRead, "requests were made");
   const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(
       htmlReadMemory(
           page.data(), static_cast<int>(page.size()), nullptr, "UTF-8",
