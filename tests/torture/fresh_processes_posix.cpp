@@ -19,7 +19,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/torture/pack.h"
+#include "tests/torture/message.h"
 
 namespace ktpnaips::test {
 namespace {
@@ -42,7 +42,7 @@ std::string receive(int socket) {
 }
 
 /// What a new process is to do, in the order in which it is told.
-void makeCalls(int socket, Unpack order, const std::vector<Scenario>& all) {
+void makeCalls(int socket, MessageReader order, const std::vector<Scenario>& all) {
   ::alarm(secondsUntilItHangs);
   const std::string name = order.text();
   const auto scenario =
@@ -60,7 +60,7 @@ void makeCalls(int socket, Unpack order, const std::vector<Scenario>& all) {
   failure.way = order.number();
   failure.isLasting = order.number() != 0;
   prepareCalls(*scenario, deployment);
-  Pack done;
+  MessageWriter done;
   Seen failed;
   StepsTaken steps;
   Seen after;
@@ -70,10 +70,10 @@ void makeCalls(int socket, Unpack order, const std::vector<Scenario>& all) {
     after = call(*scenario, dataFolder, {});
   })
       .join();
-  pack(failed, done);
+  writeSeen(failed, done);
   done.add(steps.deniedTo.library);
   done.add({reinterpret_cast<const char*>(&steps), sizeof steps});  // NOLINT: the same program
-  pack(after, done);
+  writeSeen(after, done);
   send(socket, done.bytes());
 }
 
@@ -85,7 +85,7 @@ void serve(int socket) {
     if (order.empty()) return;
     const pid_t child = ::fork();
     if (child == 0) {
-      makeCalls(socket, Unpack(order), all);
+      makeCalls(socket, MessageReader(order), all);
       ::_exit(EXIT_SUCCESS);
     }
     int status = 0;
@@ -140,7 +140,7 @@ FreshProcesses::~FreshProcesses() {
 
 FirstCalls FreshProcesses::calls(const Scenario& scenario, const Deployment& deployment,
                                  const std::filesystem::path& dataFolder, const Failure& failure) {
-  Pack order;
+  MessageWriter order;
   order.add(scenario.name);
   for (const std::wstring* each : {&deployment.productionHost, &deployment.proxyHost,
                                    &deployment.connectTo, &deployment.caFile}) {
@@ -156,13 +156,13 @@ FirstCalls FreshProcesses::calls(const Scenario& scenario, const Deployment& dep
   const std::string message = receive(socket_);
   const bool isStatus = message.find(':') == std::string::npos;
   if (!isStatus) {
-    Unpack done(message);
-    made.failed = unpackSeen(done);
+    MessageReader done(message);
+    made.failed = readSeen(done);
     made.deniedTo = done.text();
     const std::string steps = done.text();
     std::copy(steps.begin(), steps.end(), reinterpret_cast<char*>(&made.steps));  // NOLINT
     made.steps.deniedTo = {};  // it points into the other process
-    made.after = unpackSeen(done);
+    made.after = readSeen(done);
   }
   const int status = std::stoi(isStatus ? message : receive(socket_));
   if (WIFSIGNALED(status)) made.end = "signal " + std::to_string(WTERMSIG(status));

@@ -77,28 +77,28 @@ std::string described(const Seen& seen) {
   return text;
 }
 
-void pack(const Seen& seen, Pack& pack) {
-  for (const bool each : {seen.hasResponse, seen.hasEscaped, seen.error}) pack.addNumber(each);
-  pack.addNumber(static_cast<std::size_t>(seen.outcome));
-  pack.add(text::toUtf8(seen.errorText));
-  pack.add(seen.content);
-  pack.addFiles(seen.namedFiles);
-  pack.addFiles(seen.dataFiles);
-  pack.addNumber(seen.reports.size());
-  for (const std::wstring& each : seen.reports) pack.add(text::toUtf8(each));
+void writeSeen(const Seen& seen, MessageWriter& message) {
+  for (const bool each : {seen.hasResponse, seen.hasEscaped, seen.error}) message.addNumber(each);
+  message.addNumber(static_cast<std::size_t>(seen.outcome));
+  message.add(text::toUtf8(seen.errorText));
+  message.add(seen.content);
+  message.addFiles(seen.namedFiles);
+  message.addFiles(seen.dataFiles);
+  message.addNumber(seen.reports.size());
+  for (const std::wstring& each : seen.reports) message.add(text::toUtf8(each));
 }
 
-Seen unpackSeen(Unpack& pack) {
+Seen readSeen(MessageReader& message) {
   Seen seen;
   for (bool* const each : {&seen.hasResponse, &seen.hasEscaped, &seen.error})
-    *each = pack.number() != 0;
-  seen.outcome = static_cast<Outcome>(pack.number());
-  seen.errorText = text::fromUtf8(pack.text());
-  seen.content = pack.text();
-  seen.namedFiles = pack.files();
-  seen.dataFiles = pack.files();
-  for (std::size_t left = pack.number(); left > 0; --left) {
-    seen.reports.push_back(text::fromUtf8(pack.text()));
+    *each = message.number() != 0;
+  seen.outcome = static_cast<Outcome>(message.number());
+  seen.errorText = text::fromUtf8(message.text());
+  seen.content = message.text();
+  seen.namedFiles = message.files();
+  seen.dataFiles = message.files();
+  for (std::size_t left = message.number(); left > 0; --left) {
+    seen.reports.push_back(text::fromUtf8(message.text()));
   }
   return seen;
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "tests/torture/failing_step.h"
-#include "tests/torture/pack.h"
+#include "tests/torture/message.h"
 #include "tests/torture/scenario.h"
 
 namespace ktpnaips::test {
@@ -35,7 +35,7 @@ Seen call(const Scenario& scenario, const std::filesystem::path& dataFolder,
 /// A line or more, for a person.
 std::string described(const Seen& seen);
 
-void pack(const Seen& seen, Pack& pack);
-Seen unpackSeen(Unpack& pack);
+void writeSeen(const Seen& seen, MessageWriter& message);
+Seen readSeen(MessageReader& message);
 
 }  // namespace ktpnaips::test

@@ -22,7 +22,7 @@ bool fails(const FallibleFunction& function, void* returnAddress = nullptr);
 void note(void* block, std::size_t size, void* returnAddress);
 /// The block, noted when steps are counted and it is there.
 void* noted(void* block, std::size_t size, void* returnAddress);
-/// Whether the block was noted until now.
+/// Forgets the block; whether it was noted until now.
 bool forget(const void* block);
 
 /// The descriptor, noted when steps are counted and it is one.

@@ -9,7 +9,7 @@
 namespace ktpnaips::test {
 
 /// What goes from one process to another: texts one after the other, each behind its length.
-class Pack {
+class MessageWriter {
  public:
   void add(std::string_view text) {
     bytes_ += std::to_string(text.size()).append(":").append(text);
@@ -29,9 +29,9 @@ class Pack {
 };
 
 /// Takes them out in the same order.
-class Unpack {
+class MessageReader {
  public:
-  explicit Unpack(std::string_view bytes) : left_(bytes) {}
+  explicit MessageReader(std::string_view bytes) : left_(bytes) {}
 
   std::string text() {
     const std::size_t colon = left_.find(':');
