@@ -87,6 +87,7 @@ TEST_F(HttpProxy, AsksAgainWhenTheAccountIsRefusedAndSaysWhichAttemptItIs) {
       return ProxyCredentials{L"Aladdin", attempt == 1 ? L"sesame" : L"open sesame"};
     });
     const HttpOutcome outcome = run({});
+    EXPECT_EQ(outcome.code, 0U);
     EXPECT_EQ(outcome.status, "200");
     EXPECT_EQ(outcome.logIns, 2);
     EXPECT_EQ(attempts, (std::vector<int>{1, 2}));
