@@ -36,6 +36,16 @@ void* operator new(std::size_t size) {
   return memory;
 }
 
+#ifdef KTP_SANITIZED  // The standard library's own calls the one above; a sanitizer's does not.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+#endif
+
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
