@@ -1,6 +1,7 @@
 #include "simulator/tls.h"
 
 #include <openssl/bio.h>
+#include <openssl/bn.h>
 #include <openssl/ec.h>
 #include <openssl/err.h>
 #include <openssl/evp.h>
@@ -31,6 +32,7 @@ struct Freed {
 using Key = std::unique_ptr<EVP_PKEY, Freed<EVP_PKEY_free>>;
 using X509Ptr = std::unique_ptr<X509, Freed<X509_free>>;
 using Bio = std::unique_ptr<BIO, Freed<BIO_free_all>>;
+using Signature = std::unique_ptr<ECDSA_SIG, Freed<ECDSA_SIG_free>>;
 using Extension = std::unique_ptr<X509_EXTENSION, Freed<X509_EXTENSION_free>>;
 
 constexpr std::chrono::days year{365};
@@ -123,8 +125,23 @@ X509Ptr newCertificate(EVP_PKEY* key, const char* commonName, Validity validity)
   return certificate;
 }
 
+// Whether both numbers of the signature fill their 32 bytes: Wine takes one with a shorter number
+// for a wrong one.
+bool isFull(const X509* certificate) {
+  const ASN1_BIT_STRING* bits = nullptr;
+  X509_get0_signature(&bits, nullptr, certificate);
+  const unsigned char* next = bits->data;
+  const Signature signature(d2i_ECDSA_SIG(nullptr, &next, bits->length));
+  require(signature != nullptr, "read its own signature");
+  constexpr int bytes = 32;
+  return BN_num_bytes(ECDSA_SIG_get0_r(signature.get())) == bytes &&
+         BN_num_bytes(ECDSA_SIG_get0_s(signature.get())) == bytes;
+}
+
 void sign(X509* certificate, EVP_PKEY* issuerKey) {
-  require(X509_sign(certificate, issuerKey, EVP_sha256()) > 0, "sign a certificate");
+  do {  // each signature is another
+    require(X509_sign(certificate, issuerKey, EVP_sha256()) > 0, "sign a certificate");
+  } while (!isFull(certificate));
 }
 
 Key newKey() {

@@ -20,7 +20,7 @@ KeyPair authorityIn(const std::filesystem::path& folder);
 
 std::filesystem::path authorityCertificateFile(const std::filesystem::path& folder);
 
-// A server certificate for localhost, 127.0.0.1 and the names.
+// A server certificate for localhost, 127.0.0.1 and the names; signed so that Wine takes it too.
 KeyPair issue(const KeyPair& authority, Certificate kind, std::span<const std::string> hostNames);
 
 }  // namespace sim

@@ -1,11 +1,20 @@
 #include <gmock/gmock.h>
+#include <openssl/bio.h>
+#include <openssl/bn.h>
+#include <openssl/ec.h>
+#include <openssl/pem.h>
+#include <openssl/x509.h>
 #include <openssl/x509_vfy.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <string>
 #include <thread>
+#include <utility>
 
+#include "simulator/tls.h"
 #include "tests/simulator/service_fixture.h"
 
 namespace simtest {
@@ -97,6 +106,30 @@ TEST_F(Tls, NamesAStateFolderThatCannotBeUsed) {
   } catch (const std::runtime_error& error) {
     EXPECT_THAT(error.what(), HasSubstr("/proc/naips-simulator"));
     EXPECT_THAT(error.what(), HasSubstr("Choose another state folder"));
+  }
+}
+
+// The sizes in bytes of the two numbers of the certificate's signature.
+std::pair<int, int> signatureSizes(const std::string& certificate) {
+  const std::unique_ptr<BIO, decltype(&BIO_free)> text(
+      BIO_new_mem_buf(certificate.data(), static_cast<int>(certificate.size())), BIO_free);
+  const std::unique_ptr<X509, decltype(&X509_free)> read(
+      PEM_read_bio_X509(text.get(), nullptr, nullptr, nullptr), X509_free);
+  const ASN1_BIT_STRING* bits = nullptr;
+  X509_get0_signature(&bits, nullptr, read.get());
+  const unsigned char* next = bits->data;
+  const std::unique_ptr<ECDSA_SIG, decltype(&ECDSA_SIG_free)> signature(
+      d2i_ECDSA_SIG(nullptr, &next, bits->length), ECDSA_SIG_free);
+  return {BN_num_bytes(ECDSA_SIG_get0_r(signature.get())),
+          BN_num_bytes(ECDSA_SIG_get0_s(signature.get()))};
+}
+
+// Wine takes a signature with a shorter number, one in 128, for a wrong one.
+TEST_F(Tls, SignsWithNumbersOfFullLength) {
+  const sim::KeyPair authority = sim::authorityIn(options.stateFolder);
+  for (int i = 0; i < 400; ++i) {
+    const auto issued = sim::issue(authority, sim::Certificate::valid, {});
+    ASSERT_EQ(signatureSizes(issued.certificate), std::pair(32, 32)) << "certificate " << i;
   }
 }
 
