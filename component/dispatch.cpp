@@ -115,7 +115,19 @@ class Call {
   }
 
   HRESULT invoke(WORD flags, DISPPARAMS* arguments) {
-    return type_->Invoke(object_, member_, flags, arguments, result_, exception_, wrongArgument_);
+    const HRESULT done =
+        type_->Invoke(object_, member_, flags, arguments, result_, exception_, wrongArgument_);
+    const bool sets = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (done == DISP_E_BADPARAMCOUNT && sets && !hasSetter()) return DISP_E_MEMBERNOTFOUND;
+    return done;
+  }
+
+  /// Some systems take the value that a read-only property is set to for an argument too many.
+  bool hasSetter() {
+    UINT index = 0;
+    const auto type = com::ComPtr<ITypeInfo>::share(type_).as<ITypeInfo2>(IID_ITypeInfo2);
+    return SUCCEEDED(type->GetFuncIndexOfMemId(member_, INVOKE_PROPERTYPUT, &index)) ||
+           SUCCEEDED(type->GetFuncIndexOfMemId(member_, INVOKE_PROPERTYPUTREF, &index));
   }
 
   ITypeInfo* type_;

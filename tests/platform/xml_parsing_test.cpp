@@ -118,8 +118,13 @@ TEST(XmlParsing, SaysNothingAboutASuccess) {
   EXPECT_EQ(failure.reason, L"");
 }
 
-TEST(XmlParsing, ReadsTheEncodingThatATextDeclares) {
-  expectText("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>\xE9\xDF</a>", L"\u00e9\u00df");
+TEST(XmlParsing, ReadsTheEncodingThatATextDeclaresWhereTheDomKnowsIt) {
+  const std::string latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>\xE9\xDF</a>";
+  if (!test::expectations().knowsOtherEncodings) {
+    failureOf(latin);
+    return;
+  }
+  expectText(latin, L"\u00e9\u00df");
   expectText(utf16("<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>x</a>", false), L"x");
   expectText(utf16("<a>x</a>", true), L"x");
 }
@@ -138,8 +143,13 @@ TEST(XmlParsing, RefusesBytesThatAreNotUtf8) {
   }
 }
 
-TEST(XmlParsing, RefusesAnEncodingThatNobodyKnows) {
-  failureOf("<?xml version='1.0' encoding='x-unknown-encoding'?><a/>");
+TEST(XmlParsing, RefusesAnEncodingThatNobodyKnowsWhereTheDomKnowsSome) {
+  const std::string unknown = "<?xml version='1.0' encoding='x-unknown-encoding'?><a/>";
+  if (test::expectations().knowsOtherEncodings) {
+    failureOf(unknown);
+  } else {
+    EXPECT_TRUE(Document::parse(unknown));
+  }
 }
 
 TEST(XmlParsing, RefusesADocumentTypeDeclaration) {
@@ -212,7 +222,7 @@ TEST(XmlParsing, TakesAsLongATextAsTheDomDoes) {
   const std::string line = "A line of sixty characters and then its end, as CR and LF.\r\n";
   const std::string text = "<a>" + repeated(line, lines) + "</a>";
   if (text.size() > test::expectations().longestText) {
-    failureOf(text);
+    if (!test::expectations().cutsLongerTexts) failureOf(text);
     return;
   }
   const Document document = Document::parse(text);

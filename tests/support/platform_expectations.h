@@ -5,9 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#ifdef _WIN32
-#include <windows.h>
-#endif
+#include "tests/support/wine.h"
 
 namespace ktpnaips::test {
 
@@ -52,8 +50,10 @@ struct HttpExpectations {
 
 /// Where platforms rightly differ, and where Wine differs from the Windows that it stands for.
 struct PlatformExpectations {
-  std::size_t longestText;  ///< in bytes; a document with a longer one is refused
-  std::size_t mostLevels;   ///< of elements; a deeper document is refused
+  std::size_t longestText;   ///< in bytes; a document with a longer one is refused
+  bool cutsLongerTexts;      ///< in place of that
+  std::size_t mostLevels;    ///< of elements; a deeper document is refused
+  bool knowsOtherEncodings;  ///< than UTF-8, and refuses one that it does not know
   bool refusesUndeclaredPrefixes;
   bool tellsWhereParsingStopped;
   HttpExpectations http;
@@ -63,7 +63,9 @@ inline constexpr std::size_t aGigabyte = std::size_t{1} << 30U;
 
 inline constexpr PlatformExpectations onPosix{
     .longestText = aGigabyte,
+    .cutsLongerTexts = false,
     .mostLevels = 1'000,
+    .knowsOtherEncodings = true,
     .refusesUndeclaredPrefixes = true,
     .tellsWhereParsingStopped = true,
     .http =
@@ -92,7 +94,9 @@ inline constexpr PlatformExpectations onPosix{
 /// As documented; what a person on Windows may find otherwise belongs here.
 inline constexpr PlatformExpectations onWindows{
     .longestText = aGigabyte,
+    .cutsLongerTexts = false,
     .mostLevels = 255,
+    .knowsOtherEncodings = true,
     .refusesUndeclaredPrefixes = true,
     .tellsWhereParsingStopped = true,
     .http =
@@ -120,7 +124,9 @@ inline constexpr PlatformExpectations onWindows{
 
 inline constexpr PlatformExpectations onWine{
     .longestText = 10'000'000,
+    .cutsLongerTexts = false,
     .mostLevels = 257,
+    .knowsOtherEncodings = true,
     .refusesUndeclaredPrefixes = false,
     .tellsWhereParsingStopped = false,
     .http =
@@ -146,11 +152,20 @@ inline constexpr PlatformExpectations onWine{
         },
 };
 
+/// Which comes with a parser of its own.
+inline constexpr PlatformExpectations onWine10 = [] {
+  PlatformExpectations changed = onWine;
+  changed.cutsLongerTexts = true;
+  changed.knowsOtherEncodings = false;
+  changed.http.readsEarlyAnswers = true;
+  return changed;
+}();
+
 inline const PlatformExpectations& expectations() {
 #ifdef _WIN32
-  const HMODULE system = GetModuleHandleA("ntdll.dll");
-  const bool isWine = system != nullptr && GetProcAddress(system, "wine_get_version") != nullptr;
-  return isWine ? onWine : onWindows;
+  const int wine = wineVersion();
+  if (wine == 0) return onWindows;
+  return wine < 10 ? onWine : onWine10;
 #else
   return onPosix;
 #endif

@@ -7,6 +7,8 @@
 #include <array>
 #include <stdexcept>
 
+#include "tests/support/wine.h"
+
 namespace ktpnaips::test {
 
 namespace {
@@ -32,6 +34,13 @@ void use(const std::string& wanted) {
   if (InternetSetOptionA(nullptr, INTERNET_OPTION_PER_CONNECTION_OPTION, &list, sizeof list) == 0)
     throw std::runtime_error("the proxy settings were not taken");
   InternetSetOptionA(nullptr, INTERNET_OPTION_SETTINGS_CHANGED, nullptr, 0);
+  if (wineVersion() < 10) return;
+  // It reads those once; the process's own it takes at any time.
+  INTERNET_PROXY_INFO own{};
+  own.dwAccessType = wanted.empty() ? INTERNET_OPEN_TYPE_DIRECT : INTERNET_OPEN_TYPE_PROXY;
+  own.lpszProxy = address.c_str();
+  own.lpszProxyBypass = exceptions.c_str();
+  InternetSetOptionA(nullptr, INTERNET_OPTION_PROXY, &own, sizeof own);
 }
 
 }  // namespace
