@@ -32,7 +32,7 @@ struct HttpExpectations {
   bool keepsBlocksCutShort;  ///< what of a block came before the connection failed is handed over
   bool keepsConnections;     ///< a second call goes over the first one's connection
   bool readsOnWhenGivenUp;   ///< to use the connection again
-  bool readsEarlyAnswers;    ///< that come before the body is sent
+  bool mayMissEarlyAnswers;  ///< that come before the body is sent
   bool passesOverEarlyHints;
   bool followsRedirects;
   bool limitsAnswers;             ///< one without end ends as an error
@@ -82,7 +82,7 @@ inline constexpr PlatformExpectations onPosix{
             .keepsBlocksCutShort = true,
             .keepsConnections = false,
             .readsOnWhenGivenUp = false,
-            .readsEarlyAnswers = true,
+            .mayMissEarlyAnswers = false,
             .passesOverEarlyHints = true,
             .followsRedirects = false,
             .limitsAnswers = true,
@@ -113,7 +113,7 @@ inline constexpr PlatformExpectations onWindows{
             .keepsBlocksCutShort = false,
             .keepsConnections = true,
             .readsOnWhenGivenUp = false,
-            .readsEarlyAnswers = true,
+            .mayMissEarlyAnswers = false,
             .passesOverEarlyHints = false,
             .followsRedirects = true,
             .limitsAnswers = false,
@@ -143,7 +143,7 @@ inline constexpr PlatformExpectations onWine{
             .keepsBlocksCutShort = false,
             .keepsConnections = true,
             .readsOnWhenGivenUp = true,
-            .readsEarlyAnswers = false,
+            .mayMissEarlyAnswers = true,
             .passesOverEarlyHints = false,
             .followsRedirects = true,
             .limitsAnswers = false,
@@ -157,7 +157,6 @@ inline constexpr PlatformExpectations onWine10 = [] {
   PlatformExpectations changed = onWine;
   changed.cutsLongerTexts = true;
   changed.knowsOtherEncodings = false;
-  changed.http.readsEarlyAnswers = true;
   return changed;
 }();
 
