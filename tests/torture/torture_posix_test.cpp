@@ -222,8 +222,14 @@ class Torture : public testing::TestWithParam<Scenario> {
   static bool isWithoutTls(const FirstCalls& calls) {
     const bool isOpensslsFailure =
         calls.deniedTo.starts_with("libcrypto.") || calls.deniedTo.starts_with("libssl.");
+    // Newer versions of libcurl do not set themselves up then, either.
+    const bool isExpected =
+        calls.after.reports.empty() ||
+        calls.after.reports ==
+            std::vector<std::wstring>{
+                L"Error 7 (Out of memory) in procedure winInetSend of Module winInet"};
     return isOpensslsFailure && calls.after.error && calls.after.outcome == Outcome::notSent &&
-           calls.after.reports.empty();
+           isExpected;
   }
 
   [[nodiscard]] Seen call(const Failure& failure) const {
