@@ -57,7 +57,11 @@ std::vector<std::wstring> wrongAnswers(std::size_t thread) {
     const bool isRight = (i + thread) % 2 == 0;
     NAIPSConfig().Password(isRight ? simulator::password : std::wstring_view(L"wrong"));
     const auto response = AuthenticateRqs().submit();
-    if (response->Error() == isRight) wrong.push_back(response->ErrorText());
+    if (response == nullptr) {
+      wrong.emplace_back(L"no response");
+    } else if (response->Error() == isRight) {
+      wrong.push_back(response->ErrorText());
+    }
   }
   return wrong;
 }
